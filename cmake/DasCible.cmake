@@ -1,0 +1,37 @@
+# What every target of the program shares, and the two ways in which targets are made.
+
+add_library(das_options INTERFACE)
+target_compile_definitions(das_options INTERFACE
+    QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400
+    DAS_VERSION="${PROJECT_VERSION}")
+if(MSVC)
+    target_compile_options(das_options INTERFACE /W4 /utf-8 /permissive- $<$<BOOL:${DAS_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+    target_compile_options(das_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+        -Woverloaded-virtual -Wimplicit-fallthrough $<$<BOOL:${DAS_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+
+# das_bibliotheque(NAME SOURCES file... DEPENDS target...)
+# One static library a folder. Its headers are seen, by their bare names, only by the targets that link it:
+# a folder that includes what it may not use does not compile.
+function(das_bibliotheque nom)
+    cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
+    add_library(${nom} STATIC ${arg_SOURCES})
+    target_include_directories(${nom} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${nom} PUBLIC ${arg_DEPENDS} PRIVATE das_options)
+    target_compile_definitions(${nom} PRIVATE QT_NO_CAST_FROM_ASCII)
+endfunction()
+
+# das_test(NAME SOURCES file... DEPENDS target... [LABELS label...])
+# One Qt Test program, run by CTest without a display and with a home folder of its own.
+function(das_test nom)
+    cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
+    add_executable(${nom} ${arg_SOURCES})
+    target_link_libraries(${nom} PRIVATE ${arg_DEPENDS} Qt6::Test das_options)
+    add_test(NAME ${nom} COMMAND ${nom})
+    set(foyer ${CMAKE_CURRENT_BINARY_DIR}/foyer-${nom})
+    file(MAKE_DIRECTORY ${foyer})
+    set_tests_properties(${nom} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;HOME=${foyer};XDG_CONFIG_HOME=${foyer}/.config"
+        TIMEOUT 300 LABELS "${arg_LABELS}")
+endfunction()

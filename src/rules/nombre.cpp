@@ -1,0 +1,365 @@
+#include "nombre.h"
+
+#include "erreurs.h"
+#include "texte.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 UniteCurrency = 10'000;
+
+[[noreturn]] void refuserNombre(QStringView texte)
+{
+    throw ErreurConversion(u"« %1 » n'est pas un nombre."_s.arg(texte));
+}
+
+[[noreturn]] void refuserDepassement(const QString &texte)
+{
+    throw ErreurConversion(u"Dépassement de capacité : « %1 » est un montant trop grand."_s.arg(texte));
+}
+
+/// The value of plain ASCII text of digits with at most one "."
+double versDouble(const char *debut, const char *fin)
+{
+    double valeur = 0;
+    const auto [_, erreur] = std::from_chars(debut, fin, valeur, std::chars_format::fixed);
+    if (erreur == std::errc::result_out_of_range)
+        return std::numeric_limits<double>::infinity();
+    return valeur;
+}
+
+/// A number as decimal digits, in the form that the masks and the plain text need.
+struct Decimal {
+    bool negatif = false;
+    /// Significant digits; empty for zero.
+    QByteArray chiffres;
+    /// How many of the digits stand before the point; may be negative or beyond the digits.
+    int avantPoint = 0;
+
+    /// Rounds half away from zero, so that at most this many digits stay.
+    void arrondir(int garder)
+    {
+        if (garder >= chiffres.size())
+            return;
+        if (garder < 0) {
+            chiffres.clear();
+            return;
+        }
+        const bool monte = chiffres[garder] >= '5';
+        chiffres.truncate(garder);
+        if (!monte)
+            return;
+        int i = garder - 1;
+        while (i >= 0 && chiffres[i] == '9')
+            chiffres[i--] = '0';
+        if (i >= 0) {
+            ++chiffres[i];
+        } else {
+            chiffres.prepend('1');
+            ++avantPoint;
+        }
+    }
+
+    void oterZeros()
+    {
+        while (chiffres.endsWith('0'))
+            chiffres.chop(1);
+        while (chiffres.startsWith('0')) {
+            chiffres.remove(0, 1);
+            --avantPoint;
+        }
+        if (chiffres.isEmpty()) {
+            avantPoint = 0;
+            negatif = false;
+        }
+    }
+
+    /// The digit at a place: 0 is the unit, -1 the first decimal.
+    char chiffre(int place) const
+    {
+        const int i = avantPoint - 1 - place;
+        return i >= 0 && i < chiffres.size() ? chiffres[i] : '0';
+    }
+};
+
+constexpr int ChiffresSignificatifs = 15;
+
+Decimal decimalDe(double valeur)
+{
+    if (!std::isfinite(valeur))
+        throw ErreurConversion(u"Dépassement de capacité : le nombre est trop grand."_s);
+    // "-d.dddddddddddddde+xx": the digits and the place of the point are read from the scientific form.
+    const QByteArray texte = QByteArray::number(valeur, 'e', ChiffresSignificatifs - 1);
+    const auto exposant = texte.indexOf('e');
+    Decimal decimal;
+    decimal.negatif = texte.startsWith('-');
+    decimal.chiffres = texte.first(exposant);
+    decimal.chiffres.replace("-", "").replace(".", "");
+    decimal.avantPoint = texte.sliced(exposant + 1).toInt() + 1;
+    decimal.oterZeros();
+    return decimal;
+}
+
+Decimal decimalDe(Currency valeur)
+{
+    Decimal decimal;
+    decimal.negatif = valeur.dixMilliemes() < 0;
+    const auto compte = static_cast<quint64>(valeur.dixMilliemes());
+    decimal.chiffres = QByteArray::number(decimal.negatif ? 0 - compte : compte);
+    decimal.avantPoint = static_cast<int>(decimal.chiffres.size()) - 4;
+    decimal.oterZeros();
+    return decimal;
+}
+
+/// Plain text: "0" before the point when nothing else stands there, decimals as far as the digits go.
+QString texteSimple(const Decimal &decimal, QLatin1Char separateur)
+{
+    QString texte;
+    if (decimal.negatif)
+        texte += u'-';
+    for (int place = std::max(decimal.avantPoint, 1) - 1; place >= 0; --place)
+        texte += QLatin1Char(decimal.chiffre(place));
+    const int decimales = static_cast<int>(decimal.chiffres.size()) - decimal.avantPoint;
+    if (decimales > 0) {
+        texte += separateur;
+        for (int place = -1; place >= -decimales; --place)
+            texte += QLatin1Char(decimal.chiffre(place));
+    }
+    return texte;
+}
+
+/// What a mask asks for.
+struct Masque {
+    bool groupe = false;
+    int entiersForces = 0;
+    int decimalesForcees = 0;
+    int decimales = 0;
+    bool parentheses = false;
+
+    explicit Masque(QStringView texte)
+    {
+        const auto section = texte.indexOf(u';');
+        parentheses = section >= 0 && texte.sliced(section + 1).startsWith(u'(');
+        const QStringView positif = section >= 0 ? texte.first(section) : texte;
+        const auto point = positif.indexOf(u'.');
+        const QStringView entiers = Trim(point >= 0 ? positif.first(point) : positif);
+        groupe = entiers.contains(u' ') || entiers.contains(u',');
+        entiersForces = static_cast<int>(entiers.count(u'0'));
+        if (point >= 0) {
+            const QStringView decimaux = positif.sliced(point + 1);
+            decimalesForcees = static_cast<int>(decimaux.count(u'0'));
+            decimales = decimalesForcees + static_cast<int>(decimaux.count(u'#'));
+        }
+    }
+};
+
+QString formater(Decimal decimal, const Masque &masque)
+{
+    decimal.arrondir(ChiffresSignificatifs);
+    decimal.arrondir(decimal.avantPoint + masque.decimales);
+    decimal.oterZeros();
+
+    QString texte;
+    for (int place = std::max(decimal.avantPoint, masque.entiersForces) - 1; place >= 0; --place) {
+        texte += QLatin1Char(decimal.chiffre(place));
+        if (masque.groupe && place > 0 && place % 3 == 0)
+            texte += u' ';
+    }
+    const int presentes = static_cast<int>(decimal.chiffres.size()) - decimal.avantPoint;
+    const int decimales = std::max(masque.decimalesForcees, std::min(presentes, masque.decimales));
+    if (decimales > 0) {
+        texte += SepDecimal;
+        for (int place = -1; place >= -decimales; --place)
+            texte += QLatin1Char(decimal.chiffre(place));
+    }
+    if (!decimal.negatif)
+        return texte;
+    return masque.parentheses ? QString(u'(' + texte + u')') : QString(u'-' + texte);
+}
+
+} // namespace
+
+void DetecterDecimale()
+{
+    if (LireMontant(u"25.23") * 25 != LireMontant(u"630,75"))
+        throw ErreurConversion(u"Les montants ne sont pas lus correctement sur cette machine."_s);
+}
+
+bool EstNumerique(QStringView texte)
+{
+    texte = Trim(texte);
+    if (!texte.isEmpty() && (texte[0] == u'+' || texte[0] == u'-'))
+        texte = texte.sliced(1);
+    bool chiffre = false;
+    bool separateur = false;
+    for (const QChar c : texte) {
+        if (estChiffre(c)) {
+            chiffre = true;
+        } else if ((c == SepDecimal || c == SepAutre) && !separateur) {
+            separateur = true;
+        } else {
+            return false;
+        }
+    }
+    return chiffre;
+}
+
+double Val(QStringView texte)
+{
+    // Up to 15 digits without a point are summed as they come; they are all that a usual field holds.
+    bool negatif = false;
+    bool signePossible = true;
+    qint64 entier = 0;
+    int nombre = 0;
+    for (const QChar c : texte) {
+        if (c == u' ')
+            continue;
+        if (estChiffre(c) && nombre < 15) {
+            entier = entier * 10 + (c.unicode() - u'0');
+            ++nombre;
+        } else if (signePossible && (c == u'-' || c == u'+')) {
+            negatif = c == u'-';
+        } else if (estChiffre(c) || c == SepDecimal) {
+            nombre = -1;
+            break;
+        } else {
+            break;
+        }
+        signePossible = false;
+    }
+    if (nombre >= 0)
+        return static_cast<double>(negatif ? -entier : entier);
+
+    std::string propre;
+    bool point = false;
+    for (const QChar c : texte) {
+        if (c == u' ' || (propre.empty() && (c == u'-' || c == u'+')))
+            continue;
+        if (c == SepDecimal && !point)
+            point = true;
+        else if (!estChiffre(c))
+            break;
+        propre += static_cast<char>(c.unicode());
+    }
+    const double valeur = versDouble(propre.data(), propre.data() + propre.size());
+    return negatif ? -valeur : valeur;
+}
+
+double LireNombre(QStringView texte)
+{
+    if (!EstNumerique(texte))
+        refuserNombre(texte);
+    return Val(QString(texte.toString()).replace(SepAutre, SepDecimal));
+}
+
+Currency Currency::deEntier(qint64 valeur)
+{
+    return Currency(UniteCurrency) * valeur;
+}
+
+Currency Currency::deTexte(QStringView texte)
+{
+    const QString propre = sansBlancs(texte);
+    if (!EstNumerique(propre))
+        refuserNombre(texte);
+
+    bool negatif = false;
+    qint64 compte = 0;
+    int decimales = -1; // -1 before the separator
+    bool impair = false;
+    int premierEcarte = -1; // first digit beyond the fourth decimal
+    bool resteApres = false;
+    const auto pousser = [&](int chiffre) {
+        constexpr qint64 limite = std::numeric_limits<qint64>::max();
+        if (compte > (limite - chiffre) / 10)
+            refuserDepassement(propre);
+        compte = compte * 10 + chiffre;
+        impair = chiffre % 2 != 0;
+    };
+    for (const QChar c : propre) {
+        if (c == u'-') {
+            negatif = true;
+        } else if (c == SepDecimal || c == SepAutre) {
+            decimales = 0;
+        } else if (estChiffre(c)) {
+            const int chiffre = c.unicode() - u'0';
+            if (decimales < 4) {
+                pousser(chiffre);
+                if (decimales >= 0)
+                    ++decimales;
+            } else if (premierEcarte < 0) {
+                premierEcarte = chiffre;
+            } else {
+                resteApres = resteApres || chiffre != 0;
+            }
+        }
+    }
+    for (int i = std::max(decimales, 0); i < 4; ++i)
+        pousser(0);
+    if (premierEcarte > 5 || (premierEcarte == 5 && (resteApres || impair))) {
+        if (compte == std::numeric_limits<qint64>::max())
+            refuserDepassement(propre);
+        ++compte;
+    }
+    return Currency(negatif ? -compte : compte);
+}
+
+QString Currency::texte(QLatin1Char separateur) const
+{
+    return texteSimple(decimalDe(*this), separateur);
+}
+
+Currency Currency::operator-() const
+{
+    return Currency() - *this;
+}
+
+Currency &Currency::operator+=(Currency autre)
+{
+    const qint64 max = std::numeric_limits<qint64>::max();
+    const qint64 min = std::numeric_limits<qint64>::min();
+    if ((autre.m_compte > 0 && m_compte > max - autre.m_compte)
+        || (autre.m_compte < 0 && m_compte < min - autre.m_compte))
+        refuserDepassement(texte() + u" + "_s + autre.texte());
+    m_compte += autre.m_compte;
+    return *this;
+}
+
+Currency &Currency::operator-=(Currency autre)
+{
+    const qint64 max = std::numeric_limits<qint64>::max();
+    const qint64 min = std::numeric_limits<qint64>::min();
+    if ((autre.m_compte < 0 && m_compte > max + autre.m_compte)
+        || (autre.m_compte > 0 && m_compte < min + autre.m_compte))
+        refuserDepassement(texte() + u" - "_s + autre.texte());
+    m_compte -= autre.m_compte;
+    return *this;
+}
+
+Currency operator*(Currency a, qint64 facteur)
+{
+    qint64 produit = 0;
+    if (qMulOverflow(a.m_compte, facteur, &produit))
+        refuserDepassement(a.texte() + u" x "_s + QString::number(facteur));
+    return Currency(produit);
+}
+
+QString texteNombre(double valeur)
+{
+    return texteSimple(decimalDe(valeur), SepDecimal);
+}
+
+QString FormatMasque(double valeur, QStringView masque)
+{
+    return formater(decimalDe(valeur), Masque(masque));
+}
+
+QString FormatMasque(Currency valeur, QStringView masque)
+{
+    return formater(decimalDe(valeur), Masque(masque));
+}

@@ -1,0 +1,132 @@
+#include "dialoguescenario.h"
+
+#include <QTest>
+
+namespace {
+
+QString dire(const Boite &boite)
+{
+    static constexpr const char *icones[] = {"aucune", "information", "avertissement", "critique", "question"};
+    static constexpr const char *boutons[] = {"OK", "Oui/Non", "OK/Annuler"};
+    return QStringLiteral("[%1] «%2» (%3, %4, %5)")
+        .arg(boite.titre, boite.texte, QLatin1String(icones[static_cast<int>(boite.icone)]),
+             QLatin1String(boutons[static_cast<int>(boite.boutons)]),
+             boite.premierParDefaut ? QStringLiteral("premier") : QStringLiteral("second"));
+}
+
+void echouer(const QString &texte)
+{
+    QTest::qFail(qPrintable(texte), __FILE__, __LINE__);
+}
+
+} // namespace
+
+DialogueScenario::~DialogueScenario()
+{
+    acheve();
+}
+
+void DialogueScenario::attendre(const QString &texte, const QString &titre, Icone icone, Boutons boutons,
+                                bool reponse, bool premierParDefaut)
+{
+    Attente attente;
+    attente.boite = {titre.isEmpty() ? TitreApplication.toString() : titre, texte, icone, boutons, premierParDefaut};
+    attente.reponse = reponse;
+    m_attentes.append(attente);
+}
+
+void DialogueScenario::attendreAvertissement(const QString &texte, const QString &titre)
+{
+    attendre(texte, titre, Icone::Avertissement, Boutons::Ok, true, true);
+}
+
+void DialogueScenario::attendreInformation(const QString &texte, const QString &titre)
+{
+    attendre(texte, titre, Icone::Information, Boutons::Ok, true, true);
+}
+
+void DialogueScenario::attendreCritique(const QString &texte, const QString &titre)
+{
+    attendre(texte, titre, Icone::Critique, Boutons::Ok, true, true);
+}
+
+void DialogueScenario::attendreBoite(const QString &texte, const QString &titre)
+{
+    attendre(texte, titre, Icone::Aucune, Boutons::Ok, true, true);
+}
+
+void DialogueScenario::attendreQuestion(const QString &texte, bool oui, const QString &titre, bool ouiParDefaut)
+{
+    attendre(texte, titre, Icone::Question, Boutons::OuiNon, oui, ouiParDefaut);
+}
+
+void DialogueScenario::attendreConfirmation(const QString &texte, bool ok, const QString &titre)
+{
+    attendre(texte, titre, Icone::Question, Boutons::OkAnnuler, ok, true);
+}
+
+void DialogueScenario::attendreFichier(const QString &chemin)
+{
+    m_attentes.append({Attente::DeFichier, {}, true, {}, chemin});
+}
+
+void DialogueScenario::attendreDestination(const QString &propose, const QString &chemin)
+{
+    m_attentes.append({Attente::DeDestination, {}, true, propose, chemin});
+}
+
+bool DialogueScenario::acheve()
+{
+    if (!m_attentes.isEmpty() && !m_echoue) {
+        m_echoue = true;
+        const Attente &reste = m_attentes.first();
+        echouer(QStringLiteral("never came: ")
+                + (reste.genre == Attente::DeBoite ? dire(reste.boite) : QStringLiteral("a file dialog")));
+    }
+    m_attentes.clear();
+    return !m_echoue;
+}
+
+bool DialogueScenario::prendre(Attente::Genre genre, const QString &venu, Attente &attente)
+{
+    if (m_echoue)
+        return false;
+    if (m_attentes.isEmpty() || m_attentes.first().genre != genre) {
+        m_echoue = true;
+        echouer(QStringLiteral("not expected here: ") + venu
+                + (m_attentes.isEmpty() ? QString() : QStringLiteral("\nexpected: ") + dire(m_attentes.first().boite)));
+        return false;
+    }
+    attente = m_attentes.takeFirst();
+    return true;
+}
+
+bool DialogueScenario::montrer(const Boite &boite)
+{
+    Attente attente;
+    if (!prendre(Attente::DeBoite, dire(boite), attente))
+        return false;
+    if (attente.boite != boite) {
+        m_echoue = true;
+        echouer(QStringLiteral("came: ") + dire(boite) + QStringLiteral("\nexpected: ") + dire(attente.boite));
+    }
+    return attente.reponse;
+}
+
+QString DialogueScenario::choisirFichier(const QString &titre, const QString &)
+{
+    Attente attente;
+    prendre(Attente::DeFichier, QStringLiteral("file dialog ") + titre, attente);
+    return attente.chemin;
+}
+
+QString DialogueScenario::choisirDestination(const QString &titre, const QString &propose, const QString &)
+{
+    Attente attente;
+    if (prendre(Attente::DeDestination, QStringLiteral("save dialog ") + titre, attente)
+        && attente.propose != propose) {
+        m_echoue = true;
+        echouer(QStringLiteral("save dialog proposes «%1», expected «%2»").arg(propose, attente.propose));
+    }
+    return attente.chemin;
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "dialogue.h"
+
+#include <QList>
+#include <QStringList>
+
+/// A dialogue that holds the boxes a test expects, in order, with the clerk's answers. It fails the test on the
+/// first box that differs in text, title, icon or buttons, and on expected boxes that never came.
+class DialogueScenario : public Dialogue
+{
+public:
+    ~DialogueScenario() override;
+
+    /// The titles default to the application's.
+    void attendreAvertissement(const QString &texte, const QString &titre = {});
+    void attendreInformation(const QString &texte, const QString &titre = {});
+    void attendreCritique(const QString &texte, const QString &titre = {});
+    void attendreBoite(const QString &texte, const QString &titre = {});
+    void attendreQuestion(const QString &texte, bool oui, const QString &titre = {}, bool ouiParDefaut = true);
+    void attendreConfirmation(const QString &texte, bool ok, const QString &titre = {});
+    /// The next file dialog answers with this path; an empty one stands for a cancelled dialog.
+    void attendreFichier(const QString &chemin);
+    /// The next save dialog must propose this name and answers with the path.
+    void attendreDestination(const QString &propose, const QString &chemin);
+
+    /// Whether every expected box came; fails the test otherwise, naming the first that did not.
+    bool acheve();
+
+    QString choisirFichier(const QString &titre, const QString &filtre) override;
+    QString choisirDestination(const QString &titre, const QString &propose, const QString &filtre) override;
+
+protected:
+    bool montrer(const Boite &boite) override;
+
+private:
+    struct Attente {
+        enum Genre { DeBoite, DeFichier, DeDestination } genre = DeBoite;
+        Boite boite;
+        bool reponse = true;
+        QString propose;
+        QString chemin;
+    };
+
+    void attendre(const QString &texte, const QString &titre, Icone icone, Boutons boutons, bool reponse,
+                  bool premierParDefaut);
+    bool prendre(Attente::Genre genre, const QString &venu, Attente &attente);
+
+    QList<Attente> m_attentes;
+    bool m_echoue = false;
+};
