@@ -2,7 +2,7 @@
 
 add_library(das_options INTERFACE)
 target_compile_definitions(das_options INTERFACE
-    QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400
+    QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400
     DAS_VERSION="${PROJECT_VERSION}")
 if(MSVC)
     target_compile_options(das_options INTERFACE /W4 /utf-8 /permissive- $<$<BOOL:${DAS_WARNINGS_AS_ERRORS}>:/WX>)
@@ -19,7 +19,7 @@ function(das_bibliotheque nom)
     add_library(${nom} STATIC ${arg_SOURCES})
     target_include_directories(${nom} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${nom} PUBLIC ${arg_DEPENDS} PRIVATE das_options)
-    target_compile_definitions(${nom} PRIVATE QT_NO_CAST_FROM_ASCII)
+    target_compile_definitions(${nom} PRIVATE QT_NO_CAST_FROM_ASCII QT_USE_QSTRINGBUILDER)
 endfunction()
 
 # das_test(NAME SOURCES file... DEPENDS target... [LABELS label...])
