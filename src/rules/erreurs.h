@@ -38,3 +38,11 @@ class ErreurFichier : public Erreur
 public:
     using Erreur::Erreur;
 };
+
+/// A failure after which the program can't go on: it is shown, and the program ends in good order with exit
+/// code 1.
+class ErreurFatale : public Erreur
+{
+public:
+    using Erreur::Erreur;
+};
