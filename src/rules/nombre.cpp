@@ -28,8 +28,12 @@ double versDouble(const char *debut, const char *fin)
 {
     double valeur = 0;
     const auto [_, erreur] = std::from_chars(debut, fin, valeur, std::chars_format::fixed);
-    if (erreur == std::errc::result_out_of_range)
-        return std::numeric_limits<double>::infinity();
+    if (erreur == std::errc::result_out_of_range) {
+        // Too large where a digit other than zero stands before the point, too small otherwise.
+        const std::string_view texte(debut, static_cast<std::size_t>(fin - debut));
+        const bool grand = texte.substr(0, texte.find('.')).find_first_not_of('0') != std::string_view::npos;
+        return grand ? std::numeric_limits<double>::infinity() : 0;
+    }
     return valeur;
 }
 

@@ -1,0 +1,67 @@
+#include "lecteurlignes.h"
+
+#include "erreurs.h"
+
+#include <QIODevice>
+
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype TailleBloc = 1024 * 1024;
+
+} // namespace
+
+LecteurLignes::LecteurLignes(QIODevice &source) : m_source(source), m_tampon(TailleBloc, Qt::Uninitialized) {}
+
+/// Reads behind what the buffer still holds. @return false at the end of the file
+bool LecteurLignes::remplir()
+{
+    if (m_epuisee)
+        return false;
+    if (m_debut > 0) {
+        std::memmove(m_tampon.data(), m_tampon.constData() + m_debut,
+                     static_cast<std::size_t>(m_fin - m_debut));
+        m_fin -= m_debut;
+        m_debut = 0;
+    }
+    if (m_fin == m_tampon.size()) {
+        if (m_fin >= LongueurMax)
+            throw ErreurFichier(u"Une ligne du fichier dépasse %1 caractères."_s.arg(LongueurMax));
+        m_tampon.resize(m_tampon.size() * 2);
+    }
+    const qint64 lus = m_source.read(m_tampon.data() + m_fin, m_tampon.size() - m_fin);
+    if (lus < 0)
+        throw ErreurFichier(u"Lecture du fichier impossible : %1"_s.arg(m_source.errorString()));
+    m_epuisee = lus == 0;
+    m_fin += lus;
+    return lus > 0;
+}
+
+bool LecteurLignes::finie() { return m_debut == m_fin && !remplir(); }
+
+QByteArrayView LecteurLignes::lire()
+{
+    qsizetype vus = 0;
+    for (;;) {
+        const char *debut = m_tampon.constData() + m_debut;
+        const auto reste = static_cast<std::size_t>(m_fin - m_debut - vus);
+        if (const void *trouve = std::memchr(debut + vus, '\n', reste)) {
+            const qsizetype taille = static_cast<const char *>(trouve) - debut;
+            m_debut += taille + 1;
+            m_octetsLus += taille + 1;
+            return {debut, taille > 0 && debut[taille - 1] == '\r' ? taille - 1 : taille};
+        }
+        vus = m_fin - m_debut;
+        if (!remplir())
+            break;
+    }
+    if (vus == 0)
+        throw ErreurFichier(u"Le fichier finit avant la ligne attendue."_s);
+    const QByteArrayView ligne(m_tampon.constData() + m_debut, vus);
+    m_debut = m_fin;
+    m_octetsLus += vus;
+    return ligne;
+}

@@ -1,0 +1,37 @@
+#include "listeserreurs.h"
+
+#include "texte.h"
+
+void ListeTextes::ajouter(QStringView texte)
+{
+    m_octets += encoder(texte);
+    m_fins.push_back(m_octets.size());
+}
+
+void ListeTextes::vider() { *this = {}; }
+
+QString ListeTextes::operator[](qsizetype i) const
+{
+    const auto rang = static_cast<std::size_t>(i);
+    const qsizetype debut = rang == 0 ? 0 : m_fins[rang - 1];
+    return decoder(QByteArrayView(m_octets).sliced(debut, m_fins[rang] - debut));
+}
+
+void ListesErreurs::ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom,
+                            QStringView mots)
+{
+    Entrees.ajouter(entree);
+    O.push_back(ligne);
+    N.ajouter(numero);
+    NP.ajouter(nom);
+    E.ajouter(mots);
+}
+
+void ListesErreurs::vider()
+{
+    Entrees.vider();
+    O = {};
+    N.vider();
+    NP.vider();
+    m_debutMots = E.taille();
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+/// A growing list of texts, held in one block as bytes of the code page, so that a million entries stay
+/// small.
+class ListeTextes
+{
+public:
+    void ajouter(QStringView texte);
+    void vider();
+
+    qsizetype taille() const { return static_cast<qsizetype>(m_fins.size()); }
+    QString operator[](qsizetype i) const;
+
+private:
+    QByteArray m_octets;
+    std::vector<qsizetype> m_fins;
+};
+
+/// One set of five parallel lists, entry i of each being the same error. ListeErrRejet and its four
+/// companions, or their harmless twins, whose names end in "ok".
+class ListesErreurs
+{
+public:
+    void ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom, QStringView mots);
+
+    /// Empties the lists for a new extraction, all but the words: those of earlier extractions stay in front
+    /// of the new ones, and the print pairs by rank. That is required.
+    void vider();
+
+    qsizetype taille() const { return Entrees.taille(); }
+
+    /// The words that belong to entry i, whatever earlier extractions left in front of them.
+    QString motsDe(qsizetype i) const { return E[m_debutMots + i]; }
+
+    /// What the clerk reads: ListeErrRejet or ListeErrOK.
+    ListeTextes Entrees;
+    /// Number of the data line: ListeO or ListeOok.
+    std::vector<qint64> O;
+    /// Social-security number: ListeN or ListeNok.
+    ListeTextes N;
+    /// Surname, a blank, first name: ListeNP or ListeNPok.
+    ListeTextes NP;
+    /// Words of the error for the print: ListeE or ListeEok.
+    ListeTextes E;
+
+private:
+    qsizetype m_debutMots = 0;
+};

@@ -1,0 +1,249 @@
+#include "validateur.h"
+
+#include "dialogue.h"
+#include "erreurs.h"
+#include "lecteurlignes.h"
+#include "nombre.h"
+#include "texte.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Beyond this length a line is cut short behind its last wanted field before anything else is done with it.
+constexpr qsizetype LigneLongue = 64 * 1024;
+
+constexpr qint64 PasAvancement = 1024 * 1024;
+
+/// The bytes of a long line up to the last ";" that counts.
+QByteArrayView raccourcir(QByteArrayView octets, int nombre)
+{
+    qsizetype fin = -1;
+    for (int i = 0; i < nombre; ++i) {
+        fin = octets.indexOf(';', fin + 1);
+        if (fin < 0)
+            throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(nombre));
+    }
+    return octets.first(fin + 1);
+}
+
+/// The first line as the format mark: trimmed, then without tabs, in capitals. A line that is far too long
+/// for any mark is cut: it differs from all of them anyway.
+QString marqueDe(QByteArrayView octets)
+{
+    while (octets.startsWith(' '))
+        octets = octets.sliced(1);
+    while (octets.endsWith(' '))
+        octets.chop(1);
+    QByteArray propre;
+    for (const char c : octets) {
+        if (c != '\t')
+            propre += c;
+        if (propre.size() > LigneLongue)
+            break;
+    }
+    return majuscules(decoder(propre));
+}
+
+} // namespace
+
+void CumulSalaires::ajouter(double entier, int centiemes)
+{
+    constexpr double limite = 1e13;
+    constexpr qint64 comble = std::numeric_limits<qint64>::max() / 2;
+    if (std::abs(entier) >= limite || m_centiemes > comble || m_centiemes < -comble) {
+        m_debordement += entier + centiemes / 100.0;
+        return;
+    }
+    m_centiemes += static_cast<qint64>(entier) * 100 + centiemes;
+}
+
+Verdict Validateur::extraire(const QString &chemin, Dialogue &dialogue)
+{
+    // The file is opened by the frame, between the test of its name and that of its size.
+    QFile fichier(chemin);
+    return extraire(fichier, QFileInfo(chemin).fileName(), dialogue);
+}
+
+Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &dialogue)
+{
+    rejets.vider();
+    sansIncidence.vider();
+    nbErrRejet = nbErrOK = nbLignes = 0;
+    totalSalaires = {};
+    rejetDur = false;
+    m_resultat.clear();
+    m_resultat2.clear();
+    m_lus = m_total = 0;
+    reinitialiser();
+
+    m_dialogue = &dialogue;
+    m_nomFichier = majuscules(nom);
+    if (nom.isEmpty())
+        return interrompre(u"Aucun fichier n'a été sélectionné !!!"_s);
+    if (!m_nomFichier.endsWith(u".TXT"))
+        return interrompre(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s);
+    if (!source.isOpen() && !source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw ErreurFichier(
+            u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, source.errorString()));
+    m_total = source.size();
+    LecteurLignes lecteur(source);
+    try {
+        if (lecteur.finie())
+            return interrompre(u"FICHIER VIDE !!!!!!!!!!!"_s);
+        return derouler(lecteur);
+    } catch (const std::exception &) {
+        this->dialogue().afficher(
+            u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme sépateur décimal) !"_s);
+        return Verdict::Interrompue;
+    }
+}
+
+Verdict Validateur::interrompre(const QString &message)
+{
+    dialogue().afficher(message, titreInfo());
+    return Verdict::Interrompue;
+}
+
+Verdict Validateur::derouler(LecteurLignes &lecteur)
+{
+    if (!premiereLigne(marqueDe(lecteur.lire())))
+        return Verdict::Interrompue;
+    if (lecteur.finie())
+        return interrompre(u"FICHIER INCOMPLET !!!!!!!!!!!"_s);
+    if (!entete(decoder(lecteur.lire())))
+        return Verdict::Interrompue;
+
+    while (!lecteur.finie()) {
+        ligne(lecteur.lire());
+        if (lecteur.octetsLus() - m_lus >= PasAvancement) {
+            m_lus = lecteur.octetsLus();
+            if (surAvancement)
+                surAvancement(m_lus, std::max(m_total, m_lus));
+        }
+    }
+
+    dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
+                        QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +
+                        QString::number(nbErrOK));
+    joindre(m_resultat, u"Nbre Erreurs De Rejet : "_s + QString::number(nbErrRejet) +
+                            u" ,  Sans Incidence : "_s + QString::number(nbErrOK) + u'\n');
+    return conclure();
+}
+
+Dialogue &Validateur::dialogue()
+{
+    if (surAvancement)
+        surAvancement(m_lus, std::max(m_total, m_lus));
+    return *m_dialogue;
+}
+
+QList<Validateur::Libelle> Validateur::libellesResultat() const
+{
+    const QStringList noms = nomsResultat();
+    return {{noms[0], m_resultat}, {noms[1], m_resultat2}};
+}
+
+void Validateur::couper(QStringView ligne, QStringView *champs, int nombre)
+{
+    qsizetype debut = 0;
+    for (int i = 0; i < nombre; ++i) {
+        const qsizetype fin = ligne.indexOf(u';', debut);
+        if (fin < 0)
+            throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(nombre));
+        champs[i] = Trim(ligne.sliced(debut, fin - debut));
+        debut = fin + 1;
+    }
+}
+
+void Validateur::decouper(QByteArrayView octets, QStringView *champs, int nombre)
+{
+    if (octets.size() > LigneLongue)
+        octets = raccourcir(octets, nombre);
+    if (m_tampon.size() < octets.size())
+        m_tampon.resize(std::max(octets.size(), LigneLongue));
+    decoder(octets, reinterpret_cast<char16_t *>(m_tampon.data()), true);
+    couper(QStringView(m_tampon).first(octets.size()), champs, nombre);
+}
+
+void Validateur::enMajuscules(QStringView champ)
+{
+    QChar *lettres = caracteres(champ);
+    for (qsizetype i = 0; i < champ.size(); ++i)
+        lettres[i] = majuscule(lettres[i]);
+}
+
+void Validateur::oterBlancs(QStringView &champ)
+{
+    QChar *debut = caracteres(champ);
+    champ = champ.first(std::remove(debut, debut + champ.size(), u' ') - debut);
+}
+
+QString Validateur::prefixe(QStringView apresLigne) const
+{
+    return u"Ligne N°:"_s + apresLigne + QString::number(nbLignes + 1) + u"  -  N° SS: "_s +
+           m_personne.numero;
+}
+
+QString Validateur::prefixeNoms(QStringView apresLigne) const
+{
+    return prefixe(apresLigne) + u"  -  Nom : "_s + m_personne.nom + u' ' + m_personne.prenom;
+}
+
+void Validateur::signaler(Classe classe, const QString &entree, const QString &mots)
+{
+    const bool rejet = classe != Classe::SansIncidence;
+    (rejet ? rejets : sansIncidence)
+        .ajouter(entree, nbLignes + 1, m_personne.numero, QString(m_personne.nom + u' ' + m_personne.prenom),
+                 mots);
+    ++(rejet ? nbErrRejet : nbErrOK);
+    rejetDur = rejetDur || classe == Classe::RejetDur;
+}
+
+void Validateur::signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots,
+                                QStringView motsListe)
+{
+    const QString valeurDe = label + u" = "_s + valeur;
+    signaler(classe, prefixeNoms() + u"  -  "_s + valeurDe + mots, valeurDe + motsListe);
+}
+
+void Validateur::signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots)
+{
+    signalerValeur(classe, label, valeur, mots, mots);
+}
+
+void Validateur::ajouterSalaire(QStringView salaire)
+{
+    const qsizetype point = salaire.indexOf(SepDecimal);
+    int centiemes = 0;
+    if (point >= 0) {
+        for (const qsizetype place : {point + 1, point + 2}) {
+            centiemes *= 10;
+            if (place >= salaire.size())
+                continue;
+            if (!estChiffre(salaire[place]))
+                throw ErreurConversion(u"« %1 » n'est pas un nombre."_s.arg(salaire));
+            centiemes += salaire[place].unicode() - u'0';
+        }
+    }
+    totalSalaires.ajouter(Val(point >= 0 ? salaire.first(point) : salaire), centiemes);
+    ++nbLignes;
+}
+
+void Validateur::joindre(QString &libelle, const QString &texte)
+{
+    if (!Trim(libelle).isEmpty())
+        libelle += u'\n';
+    libelle += texte;
+}
+
+bool Validateur::faitDe(QStringView texte, QStringView permis)
+{
+    return std::all_of(texte.begin(), texte.end(), [&](QChar c) { return permis.contains(c); });
+}

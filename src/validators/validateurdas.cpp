@@ -1,0 +1,619 @@
+#include "validateurdas.h"
+
+#include "date.h"
+#include "dialogue.h"
+#include "erreurs.h"
+#include "identite.h"
+#include "nombre.h"
+#include "saisie.h"
+#include "texte.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView FormatTaux = u" ## ###.00";
+constexpr QStringView FormatMontant = u"## ### ### ### ###.00";
+
+constexpr QStringView NonNumerique = u" est Non Numérique";
+constexpr QStringView NonValide = u" est Non Valide";
+constexpr QStringView DateNeutre = u"01/01/1900";
+
+QStringView debut(QStringView texte, qsizetype nombre) { return texte.first(std::min(texte.size(), nombre)); }
+
+QStringView fin(QStringView texte, qsizetype nombre) { return texte.last(std::min(texte.size(), nombre)); }
+
+/// Characters from a place on, counted from 1; fewer where the text ends before.
+QStringView milieu(QStringView texte, qsizetype place, qsizetype nombre)
+{
+    return texte.size() < place ? QStringView() : debut(texte.sliced(place - 1), nombre);
+}
+
+/// A day that a rule can't do without. @throws ErreurConversion where there is none
+QDate jour(const std::optional<QDate> &date, const QString &texte) { return date ? *date : LireDate(texte); }
+
+} // namespace
+
+QStringList ValidateurDas::nomsResultat() const { return {u"LabDAS"_s, u"LabDAS2"_s}; }
+
+QString ValidateurDas::titreInfo() const { return u"DAS INFO"_s; }
+
+QString ValidateurDas::titreImpression(const ListesErreurs &listes) const
+{
+    return (&listes == &rejets ? u"LISTE DES ERREURS DE REJET DAS EMPLOYEUR N° "_s
+                               : u"LISTE DES ERREURS MODIFIEES DAS EMPLOYEUR N° "_s) +
+           m_affiche.employeur + u" - ANNEE "_s + m_affiche.annee;
+}
+
+QList<Validateur::Libelle> ValidateurDas::libelles() const
+{
+    return libellesResultat() + m_onglets +
+           QList<Libelle>{{u"LabEmpl"_s, m_affiche.employeur},  {u"LabAnn"_s, m_affiche.annee},
+                          {u"LabNumDAS"_s, m_affiche.numero},   {u"LabSalDAS"_s, m_affiche.total},
+                          {u"LabNbDAS"_s, m_affiche.effectif},  {u"LabTotSalaires"_s, LabTotSalaires},
+                          {u"LabTotSalaries"_s, LabTotSalaries}};
+}
+
+void ValidateurDas::reinitialiser()
+{
+    ViderEnteteDas();
+    LabTotSalaires.clear();
+    LabTotSalaries.clear();
+    nbSSValides = nbNationaux = nbSansCompte = nbNinValides = nbNationauxEntres = 0;
+    tauxSS = tauxSansCompte = tauxNin = 0;
+}
+
+void ValidateurDas::AfficherEnteteDas() { m_affiche = m_entete; }
+
+void ValidateurDas::ViderEnteteDas() { m_affiche = {}; }
+
+bool ValidateurDas::premiereLigne(const QString &marque)
+{
+    if (marque == Marque)
+        return true;
+    dialogue().afficher(
+        u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!"_s,
+        titreInfo());
+    // The anomaly message follows as well: that is required.
+    throw ErreurConversion(u"La première ligne n'est pas celle d'une DAS."_s);
+}
+
+bool ValidateurDas::entete(const QString &ligne)
+{
+    std::array<QStringView, 5> champs;
+    couper(ligne, champs.data(), static_cast<int>(champs.size()));
+    m_entete = {champs[0].toString(), champs[1].toString(), sansBlancs(champs[2]),
+                sansBlancs(champs[3]).replace(SepAutre, SepDecimal), champs[4].toString()};
+
+    // The name is <employer, 8>_DAS_<year, 4>.txt
+    bool accord = true;
+    if (m_entete.employeur != debut(nomFichier(), 8)) {
+        dialogue().afficher(
+            u"Erreur N° Employeur Deuxième Ligne différent du Nom du Fichier \nVeuillez corriger SVP !!!"_s);
+        joindre(m_resultat, u"N° Employeur Deuxième Ligne différent du Nom du Fichier!!!"_s);
+        accord = false;
+    }
+    if (m_entete.annee != milieu(nomFichier(), 14, 4)) {
+        dialogue().afficher(
+            u"Erreur Année Deuxième Ligne différente du Nom du Fichier \nVeuillez corriger SVP !!!"_s);
+        joindre(m_resultat, u"Année Deuxième Ligne différente du Nom du Fichier!!!"_s);
+        accord = false;
+    }
+    if (!accord)
+        return false;
+
+    m_annee = static_cast<qint64>(std::nearbyint(LireNombre(m_entete.annee)));
+    const QString annee = QString::number(m_annee);
+    const QString avant = QString::number(m_annee - 1);
+    periodeCampagne = u"01/07/"_s + avant + u"-30/06/"_s + annee;
+    m_debutCampagne = dateDe(QString(u"01/07/"_s + avant));
+    m_finCampagne = dateDe(QString(u"30/06/"_s + annee));
+    m_lendemainCampagne = dateDe(QString(u"01/07/"_s + annee));
+
+    if (const QString fautes = CtrlEnteteDas(); !fautes.isEmpty()) {
+        dialogue().afficher(fautes, titreInfo());
+        joindre(m_resultat, fautes);
+    }
+    AfficherEnteteDas();
+    dateLimiteSS = u"01/06/"_s + m_affiche.annee;
+    m_limiteSS = dateDe(dateLimiteSS);
+    return true;
+}
+
+QString ValidateurDas::CtrlEnteteDas() const
+{
+    constexpr QStringView chiffres = u"0123456789";
+    QString fautes;
+    if (m_entete.numero == u"0")
+        joindre(fautes, u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s);
+    if (!faitDe(m_entete.numero, chiffres))
+        joindre(fautes, u"Numéro DAS Non Numérique ou Négatif!!!"_s);
+    // Where other words stand in front, a blank stands before the marks.
+    const auto marques = [&] { return fautes.isEmpty() ? u"!!!"_s : u" !!!"_s; };
+    if (!faitDe(m_entete.total, u"0123456789.,"))
+        joindre(fautes, u"Montant Total des Salaires Non Numérique ou Négatif"_s + marques());
+    if (!faitDe(m_entete.effectif, chiffres))
+        joindre(fautes, u"Nombre Total des Salariés Non Numérique ou Négatif"_s + marques());
+    return fautes;
+}
+
+void ValidateurDas::DecouperLigneDas(QByteArrayView octets)
+{
+    decouper(octets, m_champs.data(), NombreChamps);
+    oterBlancs(valeur(SalaireAnnuel));
+    oterBlancs(valeur(DureeTravaillee));
+    QChar *salaire = caracteres(valeur(SalaireAnnuel));
+    std::replace(salaire, salaire + valeur(SalaireAnnuel).size(), QChar(SepAutre), QChar(SepDecimal));
+}
+
+void ValidateurDas::ligne(QByteArrayView octets)
+{
+    DecouperLigneDas(octets);
+    situer({valeur(NumSalarie), valeur(Nom), valeur(Prenom)});
+
+    CtrlCode(Etranger);
+    CtrlNumerique(NumSalarie);
+    CtrlTexte(Nom);
+    CtrlTexte(Prenom);
+    CtrlTexte(PrenomPere);
+    CtrlTexte(NomMere);
+    CtrlTexte(PrenomMere);
+    if (!etranger())
+        CtrlNumerique(Nin);
+    CtrlTexte(Nationalite);
+    CtrlCode(SituationFamiliale);
+    CtrlDate(DateNaissance);
+    CtrlTexte(Adresse);
+    CtrlCode(Presume);
+    if (!etranger())
+        CtrlTexte(CompteCCP);
+    CtrlNumerique(SalaireAnnuel);
+    CtrlNumerique(DureeTravaillee);
+    CtrlCode(TypeDuree);
+    CtrlDate(DateEntreeSortie);
+    CtrlCode(TypeEntreeSortie);
+    CtrlCode(Categorie);
+    if (!valeur(Telephone).isEmpty())
+        CtrlCode(Telephone);
+    if (!valeur(Mail).isEmpty())
+        CtrlCode(Mail);
+
+    ajouterSalaire(valeur(SalaireAnnuel));
+}
+
+QStringView ValidateurDas::label(Champ champ)
+{
+    switch (champ) {
+    case NumSalarie:
+        return u"N° Salarié";
+    case Nom:
+        return u"Nom";
+    case Prenom:
+        return u"Prenom";
+    case SituationFamiliale:
+        return u"Situation Familiale";
+    case DateNaissance:
+        return u"Date Naissance";
+    case Adresse:
+        return u"Adresse";
+    case Presume:
+        return u"Présumé";
+    case Etranger:
+        return u"Etranger";
+    case CompteCCP:
+        return u"N° Compte CCP";
+    case SalaireAnnuel:
+        return u"Salaire Annuel";
+    case DureeTravaillee:
+        return u"Durée Travaillée";
+    case TypeDuree:
+        return u"Type Durée Travaillée";
+    case DateEntreeSortie:
+        return u"Date Entrée / Sortie";
+    case TypeEntreeSortie:
+        return u"Type Entrée / Sortie";
+    case Categorie:
+        return u"Categorie";
+    case Telephone:
+        return u"Telephone";
+    case Mail:
+        return u"Mail";
+    case Nationalite:
+        return u"Nationalite";
+    case PrenomPere:
+        return u"PrenomPere";
+    case NomMere:
+        return u"NomMere";
+    case PrenomMere:
+        return u"PrenomMere";
+    case Nin:
+        return u"NIN";
+    case CompteBancaire:
+    case ActeNaissance:
+        break; // tested together with another field, under that one's label
+    }
+    return {};
+}
+
+void ValidateurDas::CtrlNumerique(Champ champ)
+{
+    const QStringView texte = valeur(champ);
+    // A NIN that is no number is told by its form alone.
+    if (champ != Nin && !EstNumerique(texte)) {
+        signalerValeur(Classe::Rejet, label(champ), texte, NonNumerique);
+        return;
+    }
+    if (Val(texte) < 0) {
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonNumerique);
+        return;
+    }
+    switch (champ) {
+    case NumSalarie:
+        return ctrlNumeroSalarie();
+    case Nin:
+        return ctrlNin();
+    case DureeTravaillee:
+        return ctrlDuree();
+    default:
+        return;
+    }
+}
+
+void ValidateurDas::ctrlNumeroSalarie()
+{
+    const QStringView numero = valeur(NumSalarie);
+    const QStringView nomChamp = label(NumSalarie);
+    if (numero == u"000000000000") {
+        const bool tolere = SsManquantTolere();
+        signaler(tolere ? Classe::SansIncidence : Classe::RejetDur,
+                 prefixeNoms() + u"  N° SS non fournie !"_s, nomChamp + u" / N° SS Incorrecte !"_s);
+        if (tolere)
+            ++nbSSValides;
+        return;
+    }
+    if (debut(numero, 2) != fin(valeur(DateNaissance), 2)) {
+        signaler(Classe::RejetDur, prefixe() + u"   Numéro SS ou date naissance Incorrecte !"_s,
+                 nomChamp + u" / Pas de concordance entre le Numéro  SS et la date de naissance !"_s);
+    } else if (numero.size() != 12) {
+        signaler(Classe::RejetDur, prefixe() + u"  Taille  Numéro SS doit être égal à 12 !"_s,
+                 nomChamp + u" / la Numéro SS est constitué de 12 chiffres !"_s);
+    } else if (fin(numero, 2) != CleSS(numero.chopped(2))) {
+        signaler(Classe::RejetDur, prefixe() + u"  Clés de controle du Numéro  SS incorrecte ! "_s,
+                 nomChamp + u" /  Clés SS Incorrecte"_s);
+    } else if (national() && milieu(numero, 3, 4) != fin(valeur(ActeNaissance), 4)) {
+        // The words for the print are those of a number that is none: that is required.
+        signaler(Classe::Rejet, prefixe() + u"  ou Numéro acte de naissance Incorrecte "_s,
+                 nomChamp + u" = "_s + numero + NonNumerique);
+    } else {
+        ++nbSSValides;
+    }
+}
+
+void ValidateurDas::ctrlNin()
+{
+    const QStringView nin = valeur(Nin);
+    if (nin.size() != 18 || nin.startsWith(u"00") || milieu(nin, 10, 5) != valeur(ActeNaissance)) {
+        signaler(Classe::SansIncidence, prefixe() + u"  -  NIN : "_s + nin + u" Incorrecte "_s,
+                 label(Nin) + u" NIN Incorrecte"_s);
+    } else if (valeur(TypeEntreeSortie) == u"E") {
+        ++nbNinValides;
+    }
+}
+
+void ValidateurDas::ctrlDuree()
+{
+    const QStringView texte = valeur(DureeTravaillee);
+    const QStringView nomChamp = label(DureeTravaillee);
+    const double duree = Val(texte);
+    const double salaire = Val(valeur(SalaireAnnuel));
+    if (duree > 0 && salaire == 0) {
+        signalerValeur(Classe::RejetDur, nomChamp, texte, u" est (>0) pour un Salaire Annuel Nul (=0)",
+                       u" non autorisé");
+    } else if (duree == 0 && salaire == 0) {
+        const QString mots = nomChamp + u" et Salaire Annuel Nuls (=0)"_s;
+        signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
+    } else if (duree == 0 && salaire > 0) {
+        const QString mots = nomChamp + u" = 0 pour Salaire Annuel >0, Risque Erreur (Sauf si Rappel)"_s;
+        signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
+    }
+}
+
+void ValidateurDas::CtrlCode(Champ champ)
+{
+    QStringView &code = valeur(champ);
+    enMajuscules(code);
+    /// Whether the code is one of the letters; if not, the error is listed and the fund's own letter stands
+    /// there.
+    const auto parmi = [&](QStringView lettres, QStringView mots, Classe classe, QStringView remplacement) {
+        if (code.size() == 1 && lettres.contains(code[0]))
+            return true;
+        signalerValeur(classe, label(champ), code, mots);
+        if (!remplacement.isEmpty())
+            code = remplacement;
+        return false;
+    };
+
+    switch (champ) {
+    case Etranger:
+        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        ctrlNationalite();
+        break;
+    case SituationFamiliale:
+        parmi(u"MC", u" est Différente de M(Marié) ou C(Célibataire)", Classe::SansIncidence, u"C");
+        break;
+    case Presume:
+        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        break;
+    case TypeDuree:
+        if (parmi(u"MJH", u" est Différent de M(Mois), J(Jour) ou H(Heure)", Classe::RejetDur, {}))
+            ctrlTypeDuree();
+        break;
+    case TypeEntreeSortie:
+        if (parmi(u"ES", u" est Différent de E(Entrée) ou S(Sortie)", Classe::SansIncidence, u"E"))
+            ctrlEntreeSortie();
+        break;
+    case Categorie:
+        parmi(u"MF", u" est Différente de M(Masculin) ou F(Féminin)", Classe::SansIncidence, u"M");
+        break;
+    case Telephone:
+        if (!TelephoneValide(code))
+            signalerValeur(Classe::SansIncidence, label(champ), code, u" est incorrecte");
+        break;
+    case Mail:
+        if (!MailValide(code))
+            signalerValeur(Classe::SansIncidence, label(champ), code, u" est incorrecte");
+        break;
+    default:
+        break;
+    }
+}
+
+/// The nationality that a foreigner must have, one of the 246 other than the national 4.
+void ValidateurDas::ctrlNationalite()
+{
+    if (national()) {
+        ++nbNationaux;
+        return;
+    }
+    const double code = Val(valeur(Nationalite));
+    if (code < 1 || code > 246 || code == 4) {
+        const QStringView nomChamp = label(Etranger);
+        signaler(Classe::RejetDur,
+                 prefixeNoms() + u"  -  "_s + nomChamp + u" = "_s + valeur(Etranger) +
+                     u" code nationalité incorrecte"_s,
+                 nomChamp + u" mal renseignée"_s);
+    }
+}
+
+/// The unit of the duration is known: the duration must be one of a year.
+void ValidateurDas::ctrlTypeDuree()
+{
+    const QStringView unite = valeur(TypeDuree);
+    const double maximum = unite == u"M" ? 12 : unite == u"J" ? 314 : 2512;
+    const double duree = Val(valeur(DureeTravaillee));
+    if (duree < 0 || duree > maximum) {
+        const QString mots = u" pour une Durée Travaillée = "_s + valeur(DureeTravaillee) +
+                             u" Se Trouvant en dehors de l'Intervalle Autorisé"_s;
+        signalerValeur(Classe::RejetDur, label(TypeDuree), unite, mots);
+    }
+}
+
+/// The movement is an entry or a leaving: its date against the duration and the campaign.
+void ValidateurDas::ctrlEntreeSortie()
+{
+    QStringView &type = valeur(TypeEntreeSortie);
+    QStringView &dateES = valeur(DateEntreeSortie);
+    if (!CtrlDureeDates()) {
+        signaler(Classe::RejetDur,
+                 prefixeNoms() + u"  Nombre de jour travaillé ou Date entrée/sortie non valide "_s,
+                 label(TypeEntreeSortie) + u" date incorrecte"_s);
+    }
+    const QDate date = LireDate(dateES);
+    if (type == u"E" && date > jour(m_finCampagne, periodeCampagne)) {
+        const QString mots = u"Date Entrée = "_s + dateES + u" est > Période Campagne"_s;
+        signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
+        dateES = DateNeutre;
+    } else if (type == u"S" && date < jour(m_debutCampagne, periodeCampagne)) {
+        const QString mots = u"Date Sortie = "_s + dateES + u" est < Période Campagne"_s;
+        signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
+        dateES = DateNeutre;
+        type = u"E";
+    } else if (type == u"E" && national()) {
+        ++nbNationauxEntres;
+    }
+}
+
+void ValidateurDas::CtrlDate(Champ champ)
+{
+    const QStringView texte = valeur(champ);
+    const QStringView nomChamp = label(champ);
+    const bool naissance = champ == DateNaissance;
+    if (texte.isEmpty()) {
+        // The blank behind "Ligne N°:" belongs to the date of birth alone.
+        signaler(Classe::RejetDur,
+                 prefixeNoms(naissance ? u" " : u"") + u"  -  "_s + nomChamp + u" est Vide"_s,
+                 naissance ? QString(nomChamp + u" est Vide"_s) : QString(nomChamp + u" =  est vide "_s));
+        return;
+    }
+    const auto date = dateDe(texte);
+    if (!date) {
+        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide);
+        return;
+    }
+    if (!naissance)
+        return;
+    if (date->year() > m_annee - 16)
+        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de moins de 15 ans");
+    else if (date->year() < m_annee - 85)
+        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de plus de 85 ans");
+}
+
+void ValidateurDas::CtrlTexte(Champ champ)
+{
+    QStringView &texte = valeur(champ);
+    const QStringView nomChamp = label(champ);
+    switch (champ) {
+    case Nom:
+    case Prenom:
+        if (texte.isEmpty() || !SansChiffre(texte)) {
+            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            signaler(Classe::RejetDur,
+                     prefixe() + u"  -  Nom : "_s + valeur(Nom) + u"  - Prénom: "_s + valeur(Prenom) +
+                         u"  -  "_s + mots,
+                     mots);
+        }
+        break;
+    case PrenomPere:
+    case NomMere:
+    case PrenomMere:
+        if (texte.isEmpty() || !SansChiffre(texte)) {
+            // The father's first name stands in the entry of all three: that is required.
+            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            signaler(Classe::SansIncidence,
+                     prefixe() + u"  -  Prenom Pére : "_s + valeur(PrenomPere) + u"  -  "_s + mots, mots);
+        }
+        break;
+    case Nationalite:
+        if (texte.isEmpty()) {
+            signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + nomChamp + u" est Vide"_s,
+                     nomChamp + u" =  est Vide"_s);
+            texte = u"004";
+        }
+        break;
+    case Adresse:
+        if (texte.size() < 15) {
+            signaler(Classe::RejetDur, prefixe() + u"  -  Adresse : "_s + texte + u"  Vide ou non valide"_s,
+                     nomChamp + u" Vide ou non valide"_s);
+        }
+        break;
+    case CompteCCP:
+        ctrlComptes();
+        break;
+    default:
+        break;
+    }
+}
+
+/// A national has one account at least. Both are always looked at; the first is shown as its test leaves it,
+/// without zeros in front.
+void ValidateurDas::ctrlComptes()
+{
+    const bool ccp = CtrlCompteCCP(valeur(CompteCCP));
+    const bool rip = CtrlRIP(valeur(CompteBancaire));
+    if (ccp || rip)
+        return;
+    ++nbSansCompte;
+    const QStringView nomChamp = label(CompteCCP);
+    signaler(Classe::Rejet,
+             prefixeNoms() + u"  -  "_s + nomChamp + u"  "_s + valeur(CompteCCP) + u"   "_s +
+                 valeur(CompteBancaire) + u" / et compte Bancaire non disponible"_s,
+             nomChamp + u" Vide ou non valide"_s);
+}
+
+/// A newcomer of the campaign's last month may lack a number, and whoever left.
+bool ValidateurDas::SsManquantTolere()
+{
+    if (valeur(TypeEntreeSortie) != u"E")
+        return true;
+    const auto date = dateDe(valeur(DateEntreeSortie));
+    return !date || *date >= jour(m_limiteSS, dateLimiteSS);
+}
+
+/// Whether the time worked fits between the movement and the campaign's other end.
+bool ValidateurDas::CtrlDureeDates()
+{
+    const QDate date = LireDate(valeur(DateEntreeSortie));
+    const double jours = valeur(TypeEntreeSortie) == u"E"
+                             ? static_cast<double>(date.daysTo(jour(m_lendemainCampagne, periodeCampagne)))
+                             : static_cast<double>(jour(m_debutCampagne, periodeCampagne).daysTo(date));
+    const double duree = Val(valeur(DureeTravaillee));
+    const QStringView unite = valeur(TypeDuree);
+    if (unite == u"M")
+        return jours >= 26 * duree;
+    if (unite == u"J")
+        return jours >= duree;
+    if (unite == u"H")
+        return jours * 8 >= duree;
+    return true;
+}
+
+Verdict ValidateurDas::conclure()
+{
+    annoncerTaux();
+
+    permettreOnglets();
+    nommerOnglets();
+    m_resultat2 = comparerTotaux();
+
+    if (!rejetDur && !(tauxSS < 100) && !(tauxSansCompte > 10))
+        return Verdict::Acceptee;
+    dialogue().avertir(
+        u"Votre Das Contient des Erreurs !!!\nElle sera retournée par la KORVANDEL !!!\nVeuillez Corriger votre Fichier avant envoi, S.V.P!!!"_s);
+    m_resultat2 += u'\n';
+    return Verdict::Rejetee;
+}
+
+void ValidateurDas::annoncerTaux()
+{
+    const auto taux = [](qint64 part, double tout) {
+        if (tout == 0)
+            throw ErreurConversion(u"Division par zéro."_s);
+        return static_cast<double>(part) / tout * 100;
+    };
+    const auto nationaux = static_cast<double>(nbNationaux);
+
+    // The figures shown in the first and the third box are shares of the nationals, whatever the rate that
+    // brings the box up: that is required.
+    tauxSS = taux(nbSSValides, LireNombre(m_entete.effectif));
+    if (tauxSS < 100 && !rejetDur) {
+        dialogue().afficher(u"Votre DAS sera retourné par la KORVANDEL, un taux de "_s +
+                            FormatMasque(taux(nbSSValides, nationaux), FormatTaux) +
+                            u"  % de salariés uniquement possèdent un numéro SS valide"_s);
+    }
+    if (nbNationaux != 0)
+        tauxSansCompte = taux(nbSansCompte, nationaux);
+    if (tauxSansCompte > 10 && !rejetDur) {
+        dialogue().afficher(u"Votre DAS possède un taux de "_s + FormatMasque(tauxSansCompte, FormatTaux) +
+                            u"  % de salariés ne possèdent  pas de compte CCP ou bancaire"_s);
+    }
+    if (nbNationauxEntres == 0)
+        return;
+    tauxNin = taux(nbNinValides, static_cast<double>(nbNationauxEntres));
+    if (!rejetDur && tauxNin < 30) {
+        dialogue().informer(u"Votre DAS présente un faible taux "_s +
+                            FormatMasque(taux(nbNinValides, nationaux), FormatTaux) +
+                            u"  % de salariés possèdent un NIN correcte !"_s);
+    }
+}
+
+/// Shows the totals of the lines and says how they stand to those of the header.
+QString ValidateurDas::comparerTotaux()
+{
+    LabTotSalaires = FormatMasque(totalSalaires.valeur(), FormatMontant);
+    LabTotSalaries = QString::number(nbLignes);
+    m_affiche.total = FormatMasque(LireNombre(m_affiche.total), FormatMontant);
+
+    const auto comparer = [](const QString &lignes, const QString &entete, const QString &sujet) {
+        const Currency ecart = LireMontant(lignes) - LireMontant(entete);
+        if (ecart == Currency())
+            return QString(sujet + u" = Entête DAS"_s);
+        return QString(sujet + (ecart < Currency() ? u" < "_s : u" > "_s) + u"Entête DAS de  "_s +
+                       ecart.texte());
+    };
+    const QString montants = comparer(LabTotSalaires, m_affiche.total, u"Total Lignes DAS"_s);
+    return montants + u'\n' + comparer(LabTotSalaries, m_affiche.effectif, u"Total Nb Salariés Lignes DAS"_s);
+}
+
+/// The sixteen captions of the months and quarters of the campaign.
+void ValidateurDas::nommerOnglets()
+{
+    m_onglets.clear();
+    const auto nommer = [this](const QStringList &periodes, qint64 annee) {
+        for (const QString &periode : periodes)
+            m_onglets.append({u"Lab"_s + periode, QString::number(annee) + u'-' + periode});
+    };
+    nommer({u"07"_s, u"08"_s, u"09"_s, u"T3"_s, u"10"_s, u"11"_s, u"12"_s, u"T4"_s}, m_annee - 1);
+    nommer({u"01"_s, u"02"_s, u"03"_s, u"T1"_s, u"04"_s, u"05"_s, u"06"_s, u"T2"_s}, m_annee);
+}
