@@ -1,6 +1,7 @@
 #include "lecteurlignes.h"
 
 #include "erreurs.h"
+#include "texte.h"
 
 #include <QIODevice>
 
@@ -11,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype TailleBloc = 1024 * 1024;
+constexpr qsizetype MarqueLongue = 1024;
 
 } // namespace
 
@@ -64,4 +66,20 @@ QByteArrayView LecteurLignes::lire()
     m_debut = m_fin;
     m_octetsLus += vus;
     return ligne;
+}
+
+QString marqueDe(QByteArrayView octets)
+{
+    while (octets.startsWith(' '))
+        octets = octets.sliced(1);
+    while (octets.endsWith(' '))
+        octets.chop(1);
+    QByteArray propre;
+    for (const char c : octets) {
+        if (c != '\t')
+            propre += c;
+        if (propre.size() > MarqueLongue)
+            break;
+    }
+    return majuscules(decoder(propre));
 }

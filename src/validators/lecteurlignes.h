@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 class QIODevice;
 
@@ -35,3 +36,7 @@ private:
     bool m_epuisee = false;
     qint64 m_octetsLus = 0;
 };
+
+/// The format mark that a first line holds: trimmed, then without tabs, in capitals. A line that is far too
+/// long for any mark comes back cut: it differs from all of them anyway.
+QString marqueDe(QByteArrayView octets);

@@ -33,24 +33,6 @@ QByteArrayView raccourcir(QByteArrayView octets, int nombre)
     return octets.first(fin + 1);
 }
 
-/// The first line as the format mark: trimmed, then without tabs, in capitals. A line that is far too long
-/// for any mark is cut: it differs from all of them anyway.
-QString marqueDe(QByteArrayView octets)
-{
-    while (octets.startsWith(' '))
-        octets = octets.sliced(1);
-    while (octets.endsWith(' '))
-        octets.chop(1);
-    QByteArray propre;
-    for (const char c : octets) {
-        if (c != '\t')
-            propre += c;
-        if (propre.size() > LigneLongue)
-            break;
-    }
-    return majuscules(decoder(propre));
-}
-
 } // namespace
 
 void CumulSalaires::ajouter(double entier, int centiemes)

@@ -1,0 +1,74 @@
+#include "formats.h"
+
+#include "erreurs.h"
+#include "lecteurlignes.h"
+#include "validateurdas.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Marque
+{
+    QStringView texte;
+    Format format;
+};
+
+constexpr Marque marques[] = {
+    {ValidateurDas::Marque, Format::Das},
+    {u"DAC NOMINATIVE KORVANDEL VER 1.0", Format::Dac},
+    {u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 1.0", Format::Ci},
+    {u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 2.0", Format::Ci},
+};
+
+} // namespace
+
+QString nomFormat(Format format)
+{
+    switch (format) {
+    case Format::Das:
+        return u"DAS"_s;
+    case Format::Dac:
+        return u"DAC"_s;
+    case Format::Ci:
+        return u"CI"_s;
+    case Format::Inconnu:
+        break;
+    }
+    return u""_s;
+}
+
+Format formatDeNom(QStringView nom)
+{
+    for (const Format format : {Format::Das, Format::Dac, Format::Ci}) {
+        if (nom.compare(nomFormat(format), Qt::CaseInsensitive) == 0)
+            return format;
+    }
+    return Format::Inconnu;
+}
+
+Format formatDeFichier(const QString &chemin)
+{
+    QFile fichier(chemin);
+    if (!fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(
+            QFileInfo(chemin).fileName(), fichier.errorString()));
+    }
+    LecteurLignes lecteur(fichier);
+    if (lecteur.finie())
+        return Format::Inconnu;
+    const QString premiere = marqueDe(lecteur.lire());
+    for (const Marque &marque : marques) {
+        if (marque.texte == premiere)
+            return marque.format;
+    }
+    return Format::Inconnu;
+}
+
+std::unique_ptr<Validateur> nouveauValidateur(Format format)
+{
+    return format == Format::Das ? std::make_unique<ValidateurDas>() : nullptr;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class Validateur;
+
+/// The file formats of the three declarations.
+enum class Format { Inconnu, Das, Dac, Ci };
+
+/// Name of the format: "DAS", "DAC", "CI", empty for an unknown one.
+QString nomFormat(Format format);
+/// The format of this name, whatever its case; Inconnu for any other text.
+Format formatDeNom(QStringView nom);
+
+/// The format that the first line of the file names, Inconnu where it names none.
+/// @throws ErreurFichier when the file can't be read
+Format formatDeFichier(const QString &chemin);
+
+/// A fresh validator of the format; none where the format has no validator.
+std::unique_ptr<Validateur> nouveauValidateur(Format format);
