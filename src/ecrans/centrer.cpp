@@ -45,6 +45,7 @@ protected:
     {
         if (evenement->type() == QEvent::Show) {
             CentrerFeuille(*static_cast<QWidget *>(objet));
+            objet->removeEventFilter(this);
             deleteLater();
         }
         return false;
