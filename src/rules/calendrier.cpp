@@ -6,7 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Ligne {
+struct Ligne
+{
     QStringView periode;
     QStringView debut;
     QStringView fin;

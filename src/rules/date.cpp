@@ -51,10 +51,7 @@ std::optional<QDate> dateDe(QStringView texte)
     return date;
 }
 
-bool EstDate(QStringView texte)
-{
-    return dateDe(texte).has_value();
-}
+bool EstDate(QStringView texte) { return dateDe(texte).has_value(); }
 
 QDate LireDate(QStringView texte)
 {
@@ -63,12 +60,6 @@ QDate LireDate(QStringView texte)
     throw ErreurConversion(u"« %1 » n'est pas une date (jj/mm/aaaa)."_s.arg(texte));
 }
 
-QString TexteDate(QDate date)
-{
-    return date.toString(u"dd/MM/yyyy"_s);
-}
+QString TexteDate(QDate date) { return date.toString(u"dd/MM/yyyy"_s); }
 
-QDate Aujourdhui()
-{
-    return QDate::currentDate();
-}
+QDate Aujourdhui() { return QDate::currentDate(); }

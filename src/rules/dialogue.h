@@ -10,7 +10,8 @@ enum class Icone { Aucune, Information, Avertissement, Critique, Question };
 enum class Boutons { Ok, OuiNon, OkAnnuler };
 
 /// One box as the clerk sees it. Line ends in the text are "\n".
-struct Boite {
+struct Boite
+{
     QString titre;
     QString texte;
     Icone icone = Icone::Aucune;
@@ -41,10 +42,12 @@ public:
     /// An OK/Cancel question. @return true for OK
     bool confirmer(const QString &texte, const QString &titre = {});
 
-    /// Asks for a file to read. @param filtre as in "Fichiers texte (*.txt)" @return its path, empty when cancelled
+    /// Asks for a file to read. @param filtre as in "Fichiers texte (*.txt)" @return its path, empty when
+    /// cancelled
     virtual QString choisirFichier(const QString &titre, const QString &filtre) = 0;
     /// Asks where to write. @param propose the name offered @return the path, empty when cancelled
-    virtual QString choisirDestination(const QString &titre, const QString &propose, const QString &filtre) = 0;
+    virtual QString choisirDestination(const QString &titre, const QString &propose,
+                                       const QString &filtre) = 0;
 
 protected:
     /// Shows the box and waits for the answer. @return true for the first button (OK, Oui)

@@ -22,7 +22,8 @@ QString cleDeSomme(int somme)
     return QString::number(somme).rightJustified(2, u' ').right(2);
 }
 
-/// Sum of the positions 8 to 1 with the weights 4 to 11; a body of less than 8 digits counts as filled with zeros.
+/// Sum of the positions 8 to 1 with the weights 4 to 11; a body of less than 8 digits counts as filled with
+/// zeros.
 int sommeCCP(QStringView corps)
 {
     const qsizetype decalage = corps.size() < 8 ? 8 - corps.size() : 0;
@@ -35,7 +36,8 @@ int sommeCCP(QStringView corps)
     return somme;
 }
 
-/// Remainder by 97 of the decimal text of `reste` with the digits behind it; -1 for a text of other characters.
+/// Remainder by 97 of the decimal text of `reste` with the digits behind it; -1 for a text of other
+/// characters.
 int suiteReste(int reste, QStringView chiffres)
 {
     for (const QChar c : chiffres) {
@@ -50,7 +52,6 @@ int resteRIB(QStringView chiffres)
 {
     return chiffres.isEmpty() ? -1 : suiteReste(0, chiffres.first(std::min<qsizetype>(chiffres.size(), 17)));
 }
-
 
 enum class FauteTelephone { Aucune, Souligne, PremierChiffre, LigneFixe, LigneMobile, Illisible };
 
@@ -104,10 +105,7 @@ QString CleCCP(QString &corps)
     return cleDeSomme(sommeCCP(corps));
 }
 
-QString CleRIB(QStringView chiffres)
-{
-    return QString::number(resteRIB(chiffres));
-}
+QString CleRIB(QStringView chiffres) { return QString::number(resteRIB(chiffres)); }
 
 bool CtrlCompteCCP(QStringView &compte)
 {
@@ -128,8 +126,8 @@ bool CtrlCompteCCP(QStringView &compte)
 
 bool CtrlRIP(QStringView compte)
 {
-    return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0
-        && Val(compte) != 0;
+    return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0 &&
+           Val(compte) != 0;
 }
 
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue)
@@ -178,7 +176,4 @@ bool CtrlMail(QStringView texte, Dialogue &dialogue)
     return false;
 }
 
-bool MailValide(QStringView texte)
-{
-    return fauteMail(texte) == FauteMail::Aucune;
-}
+bool MailValide(QStringView texte) { return fauteMail(texte) == FauteMail::Aucune; }

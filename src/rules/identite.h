@@ -16,8 +16,8 @@ QString CleSS(QStringView numero);
 /// @throws ErreurConversion when one of the first 8 characters is no digit
 QString CleCCP(QString &corps);
 
-/// Remainder by 97 of the 17 digits behind the bank code of a RIB, or behind "007" of a RIP: "0" when the number
-/// is right, "-1" when the text can't be worked on.
+/// Remainder by 97 of the 17 digits behind the bank code of a RIB, or behind "007" of a RIP: "0" when the
+/// number is right, "-1" when the text can't be worked on.
 QString CleRIB(QStringView chiffres);
 
 /// Whether the text is a valid CCP account, or a valid RIP when it has 20 digits. A text shorter than 20
@@ -33,8 +33,8 @@ bool CtrlTelephone(QStringView texte, Dialogue &dialogue);
 /// The same without a word; the text must also have exactly 10 characters.
 bool TelephoneValide(QStringView texte);
 
-/// Whether the text has an "@", and a "." among its last four characters; tells why not. Callers ask only for a
-/// field that is not blank: an empty text is refused.
+/// Whether the text has an "@", and a "." among its last four characters; tells why not. Callers ask only for
+/// a field that is not blank: an empty text is refused.
 bool CtrlMail(QStringView texte, Dialogue &dialogue);
 
 /// The same without a word.

@@ -38,7 +38,8 @@ double versDouble(const char *debut, const char *fin)
 }
 
 /// A number as decimal digits, in the form that the masks and the plain text need.
-struct Decimal {
+struct Decimal
+{
     bool negatif = false;
     /// Significant digits; empty for zero.
     QByteArray chiffres;
@@ -138,7 +139,8 @@ QString texteSimple(const Decimal &decimal, QLatin1Char separateur)
 }
 
 /// What a mask asks for.
-struct Masque {
+struct Masque
+{
     bool groupe = false;
     int entiersForces = 0;
     int decimalesForcees = 0;
@@ -261,10 +263,7 @@ double LireNombre(QStringView texte)
     return Val(QString(texte.toString()).replace(SepAutre, SepDecimal));
 }
 
-Currency Currency::deEntier(qint64 valeur)
-{
-    return Currency(UniteCurrency) * valeur;
-}
+Currency Currency::deEntier(qint64 valeur) { return Currency(UniteCurrency) * valeur; }
 
 Currency Currency::deTexte(QStringView texte)
 {
@@ -313,22 +312,16 @@ Currency Currency::deTexte(QStringView texte)
     return Currency(negatif ? -compte : compte);
 }
 
-QString Currency::texte(QLatin1Char separateur) const
-{
-    return texteSimple(decimalDe(*this), separateur);
-}
+QString Currency::texte(QLatin1Char separateur) const { return texteSimple(decimalDe(*this), separateur); }
 
-Currency Currency::operator-() const
-{
-    return Currency() - *this;
-}
+Currency Currency::operator-() const { return Currency() - *this; }
 
 Currency &Currency::operator+=(Currency autre)
 {
     const qint64 max = std::numeric_limits<qint64>::max();
     const qint64 min = std::numeric_limits<qint64>::min();
-    if ((autre.m_compte > 0 && m_compte > max - autre.m_compte)
-        || (autre.m_compte < 0 && m_compte < min - autre.m_compte))
+    if ((autre.m_compte > 0 && m_compte > max - autre.m_compte) ||
+        (autre.m_compte < 0 && m_compte < min - autre.m_compte))
         refuserDepassement(texte() + u" + "_s + autre.texte());
     m_compte += autre.m_compte;
     return *this;
@@ -338,8 +331,8 @@ Currency &Currency::operator-=(Currency autre)
 {
     const qint64 max = std::numeric_limits<qint64>::max();
     const qint64 min = std::numeric_limits<qint64>::min();
-    if ((autre.m_compte < 0 && m_compte > max + autre.m_compte)
-        || (autre.m_compte > 0 && m_compte < min + autre.m_compte))
+    if ((autre.m_compte < 0 && m_compte > max + autre.m_compte) ||
+        (autre.m_compte > 0 && m_compte < min + autre.m_compte))
         refuserDepassement(texte() + u" - "_s + autre.texte());
     m_compte -= autre.m_compte;
     return *this;
@@ -353,10 +346,7 @@ Currency operator*(Currency a, qint64 facteur)
     return Currency(produit);
 }
 
-QString texteNombre(double valeur)
-{
-    return texteSimple(decimalDe(valeur), SepDecimal);
-}
+QString texteNombre(double valeur) { return texteSimple(decimalDe(valeur), SepDecimal); }
 
 QString FormatMasque(double valeur, QStringView masque)
 {

@@ -17,8 +17,8 @@ void DetecterDecimale();
 /// ("." or ","), at least one digit. No exponent, no grouping.
 bool EstNumerique(QStringView texte);
 
-/// The number at the head of the text, 0 when there is none: blanks are skipped wherever they stand, "." alone
-/// is a separator, and reading stops at the first character that does not belong. "12,5" gives 12.
+/// The number at the head of the text, 0 when there is none: blanks are skipped wherever they stand, "."
+/// alone is a separator, and reading stops at the first character that does not belong. "12,5" gives 12.
 double Val(QStringView texte);
 
 /// The number of a text that EstNumerique accepts. @throws ErreurConversion for any other
@@ -64,8 +64,9 @@ inline Currency LireMontant(QStringView texte) { return Currency::deTexte(texte)
 /// Plain text of a number: at most 15 significant digits, no exponent, no grouping, no superfluous zeros.
 QString texteNombre(double valeur);
 
-/// The number through a mask such as "## ### ### ###.00" or "#,##0.00;(#,##0.00)". The value is taken to its 15
-/// significant digits, then rounded half away from zero to the mask's decimals. Groups are of three digits,
-/// parted by a blank where the mask groups; before the point only a mask with "0" there shows a lone zero.
+/// The number through a mask such as "## ### ### ###.00" or "#,##0.00;(#,##0.00)". The value is taken to its
+/// 15 significant digits, then rounded half away from zero to the mask's decimals. Groups are of three
+/// digits, parted by a blank where the mask groups; before the point only a mask with "0" there shows a lone
+/// zero.
 QString FormatMasque(double valeur, QStringView masque);
 QString FormatMasque(Currency valeur, QStringView masque);

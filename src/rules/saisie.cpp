@@ -42,12 +42,6 @@ void CadrerSouligne(QString &texte)
         texte = texte.leftJustified(18, u'_');
 }
 
-QString ZerosGauche(QStringView texte)
-{
-    return ComplZeros(texte, 15);
-}
+QString ZerosGauche(QStringView texte) { return ComplZeros(texte, 15); }
 
-QString Zeros3(QStringView texte)
-{
-    return ComplZeros(texte, 3);
-}
+QString Zeros3(QStringView texte) { return ComplZeros(texte, 3); }

@@ -20,7 +20,8 @@ QString ComplZeros(QStringView texte, qsizetype longueur);
 /// Three characters with zeros on the left for a text of 1 to 3 characters, an empty text for any other.
 QString CadrerNum2(QStringView texte);
 
-/// Underscores on the right up to 18 characters for a text of 8 to 17, to fit a claim's reference to its mask.
+/// Underscores on the right up to 18 characters for a text of 8 to 17, to fit a claim's reference to its
+/// mask.
 void CadrerSouligne(QString &texte);
 
 /// Zeros on the left up to 15 characters; a longer text stays.

@@ -46,14 +46,7 @@ void CumulSalaires::ajouter(double entier, int centiemes)
     m_centiemes += static_cast<qint64>(entier) * 100 + centiemes;
 }
 
-Verdict Validateur::extraire(const QString &chemin, Dialogue &dialogue)
-{
-    // The file is opened by the frame, between the test of its name and that of its size.
-    QFile fichier(chemin);
-    return extraire(fichier, QFileInfo(chemin).fileName(), dialogue);
-}
-
-Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &dialogue)
+void Validateur::vider()
 {
     rejets.vider();
     sansIncidence.vider();
@@ -64,7 +57,18 @@ Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &di
     m_resultat2.clear();
     m_lus = m_total = 0;
     reinitialiser();
+}
 
+Verdict Validateur::extraire(const QString &chemin, Dialogue &dialogue)
+{
+    // The file is opened by the frame, between the test of its name and that of its size.
+    QFile fichier(chemin);
+    return extraire(fichier, QFileInfo(chemin).fileName(), dialogue);
+}
+
+Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &dialogue)
+{
+    vider();
     m_dialogue = &dialogue;
     m_nomFichier = majuscules(nom);
     if (nom.isEmpty())

@@ -48,6 +48,10 @@ public:
     Validateur(const Validateur &) = delete;
     Validateur &operator=(const Validateur &) = delete;
 
+    /// Empties the lists, but not the words for the print, the labels and the working fields: the start of
+    /// every extraction.
+    void vider();
+
     /// The whole extraction of the file at this path; an empty path stands for a cancelled file dialog.
     /// Whatever the file holds is told through the dialogue.
     /// @throws ErreurFichier when the file can't be opened

@@ -61,6 +61,7 @@ void ValidateurDas::reinitialiser()
     ViderEnteteDas();
     LabTotSalaires.clear();
     LabTotSalaries.clear();
+    m_onglets.clear();
     nbSSValides = nbNationaux = nbSansCompte = nbNinValides = nbNationauxEntres = 0;
     tauxSS = tauxSansCompte = tauxNin = 0;
 }

@@ -62,9 +62,8 @@ int main(int argc, char *argv[])
     int code = Acceptees;
     bool ecrit = true;
     validerLot(lecteur.positionalArguments(), format, [&](const Resultat &resultat) {
-        ecrire(resultat, [&](const QByteArray &morceau) {
-            ecrit = sortie.write(morceau) == morceau.size() && ecrit;
-        });
+        ecrire(resultat,
+               [&](const QByteArray &morceau) { ecrit = sortie.write(morceau) == morceau.size() && ecrit; });
         const int sien = resultat.verdict == Verdict::Acceptee  ? Acceptees
                          : resultat.verdict == Verdict::Rejetee ? UneRejetee
                                                                 : UneInterrompue;

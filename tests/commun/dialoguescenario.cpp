@@ -6,7 +6,8 @@ namespace {
 
 QString dire(const Boite &boite)
 {
-    static constexpr const char *icones[] = {"aucune", "information", "avertissement", "critique", "question"};
+    static constexpr const char *icones[] = {"aucune", "information", "avertissement", "critique",
+                                             "question"};
     static constexpr const char *boutons[] = {"OK", "Oui/Non", "OK/Annuler"};
     return QStringLiteral("[%1] «%2» (%3, %4, %5)")
         .arg(boite.titre, boite.texte, QLatin1String(icones[static_cast<int>(boite.icone)]),
@@ -14,23 +15,18 @@ QString dire(const Boite &boite)
              boite.premierParDefaut ? QStringLiteral("premier") : QStringLiteral("second"));
 }
 
-void echouer(const QString &texte)
-{
-    QTest::qFail(qPrintable(texte), __FILE__, __LINE__);
-}
+void echouer(const QString &texte) { QTest::qFail(qPrintable(texte), __FILE__, __LINE__); }
 
 } // namespace
 
-DialogueScenario::~DialogueScenario()
-{
-    acheve();
-}
+DialogueScenario::~DialogueScenario() { acheve(); }
 
 void DialogueScenario::attendre(const QString &texte, const QString &titre, Icone icone, Boutons boutons,
                                 bool reponse, bool premierParDefaut)
 {
     Attente attente;
-    attente.boite = {titre.isEmpty() ? TitreApplication.toString() : titre, texte, icone, boutons, premierParDefaut};
+    attente.boite = {titre.isEmpty() ? TitreApplication.toString() : titre, texte, icone, boutons,
+                     premierParDefaut};
     attente.reponse = reponse;
     m_attentes.append(attente);
 }
@@ -55,7 +51,8 @@ void DialogueScenario::attendreBoite(const QString &texte, const QString &titre)
     attendre(texte, titre, Icone::Aucune, Boutons::Ok, true, true);
 }
 
-void DialogueScenario::attendreQuestion(const QString &texte, bool oui, const QString &titre, bool ouiParDefaut)
+void DialogueScenario::attendreQuestion(const QString &texte, bool oui, const QString &titre,
+                                        bool ouiParDefaut)
 {
     attendre(texte, titre, Icone::Question, Boutons::OuiNon, oui, ouiParDefaut);
 }
@@ -80,8 +77,8 @@ bool DialogueScenario::acheve()
     if (!m_attentes.isEmpty() && !m_echoue) {
         m_echoue = true;
         const Attente &reste = m_attentes.first();
-        echouer(QStringLiteral("never came: ")
-                + (reste.genre == Attente::DeBoite ? dire(reste.boite) : QStringLiteral("a file dialog")));
+        echouer(QStringLiteral("never came: ") +
+                (reste.genre == Attente::DeBoite ? dire(reste.boite) : QStringLiteral("a file dialog")));
     }
     m_attentes.clear();
     return !m_echoue;
@@ -93,8 +90,9 @@ bool DialogueScenario::prendre(Attente::Genre genre, const QString &venu, Attent
         return false;
     if (m_attentes.isEmpty() || m_attentes.first().genre != genre) {
         m_echoue = true;
-        echouer(QStringLiteral("not expected here: ") + venu
-                + (m_attentes.isEmpty() ? QString() : QStringLiteral("\nexpected: ") + dire(m_attentes.first().boite)));
+        echouer(QStringLiteral("not expected here: ") + venu +
+                (m_attentes.isEmpty() ? QString()
+                                      : QStringLiteral("\nexpected: ") + dire(m_attentes.first().boite)));
         return false;
     }
     attente = m_attentes.takeFirst();
@@ -108,7 +106,8 @@ bool DialogueScenario::montrer(const Boite &boite)
         return false;
     if (attente.boite != boite) {
         m_echoue = true;
-        echouer(QStringLiteral("came: ") + dire(boite) + QStringLiteral("\nexpected: ") + dire(attente.boite));
+        echouer(QStringLiteral("came: ") + dire(boite) + QStringLiteral("\nexpected: ") +
+                dire(attente.boite));
     }
     return attente.reponse;
 }
@@ -123,8 +122,8 @@ QString DialogueScenario::choisirFichier(const QString &titre, const QString &)
 QString DialogueScenario::choisirDestination(const QString &titre, const QString &propose, const QString &)
 {
     Attente attente;
-    if (prendre(Attente::DeDestination, QStringLiteral("save dialog ") + titre, attente)
-        && attente.propose != propose) {
+    if (prendre(Attente::DeDestination, QStringLiteral("save dialog ") + titre, attente) &&
+        attente.propose != propose) {
         m_echoue = true;
         echouer(QStringLiteral("save dialog proposes «%1», expected «%2»").arg(propose, attente.propose));
     }

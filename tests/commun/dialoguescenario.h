@@ -5,8 +5,8 @@
 #include <QList>
 #include <QStringList>
 
-/// A dialogue that holds the boxes a test expects, in order, with the clerk's answers. It fails the test on the
-/// first box that differs in text, title, icon or buttons, and on expected boxes that never came.
+/// A dialogue that holds the boxes a test expects, in order, with the clerk's answers. It fails the test on
+/// the first box that differs in text, title, icon or buttons, and on expected boxes that never came.
 class DialogueScenario : public Dialogue
 {
 public:
@@ -17,7 +17,8 @@ public:
     void attendreInformation(const QString &texte, const QString &titre = {});
     void attendreCritique(const QString &texte, const QString &titre = {});
     void attendreBoite(const QString &texte, const QString &titre = {});
-    void attendreQuestion(const QString &texte, bool oui, const QString &titre = {}, bool ouiParDefaut = true);
+    void attendreQuestion(const QString &texte, bool oui, const QString &titre = {},
+                          bool ouiParDefaut = true);
     void attendreConfirmation(const QString &texte, bool ok, const QString &titre = {});
     /// The next file dialog answers with this path; an empty one stands for a cancelled dialog.
     void attendreFichier(const QString &chemin);
@@ -34,7 +35,8 @@ protected:
     bool montrer(const Boite &boite) override;
 
 private:
-    struct Attente {
+    struct Attente
+    {
         enum Genre { DeBoite, DeFichier, DeDestination } genre = DeBoite;
         Boite boite;
         bool reponse = true;

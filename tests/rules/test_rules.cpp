@@ -152,7 +152,8 @@ private slots:
         QTest::newRow("retenue") << 999.995 << montant << u"1 000.00"_s;
         QTest::newRow("negatif") << -1234.5 << montant << u"-1 234.50"_s;
         QTest::newRow("negatif nul") << -0.001 << montant << u".00"_s;
-        QTest::newRow("plus large que le masque") << 123456789012.25 << u"## ###.00"_s << u"123 456 789 012.25"_s;
+        QTest::newRow("plus large que le masque")
+            << 123456789012.25 << u"## ###.00"_s << u"123 456 789 012.25"_s;
         QTest::newRow("taux") << 100.0 / 3 << u" ## ###.00"_s << u"33.33"_s;
         QTest::newRow("quinze chiffres") << 1234567890123.45678 << montant << u"1 234 567 890 123.46"_s;
         QTest::newRow("decimales au besoin") << 12.5 << u"## ### ### ###.##"_s << u"12.5"_s;
@@ -289,7 +290,8 @@ private slots:
 
         QTest::newRow("RIP") << u"00712345678901234561"_s << true << true << u"00712345678901234561"_s;
         QTest::newRow("RIP faux") << u"00712345678901234562"_s << false << false << u"00712345678901234562"_s;
-        QTest::newRow("autre banque") << u"00112345678901234561"_s << false << false << u"00112345678901234561"_s;
+        QTest::newRow("autre banque")
+            << u"00112345678901234561"_s << false << false << u"00112345678901234561"_s;
         QTest::newRow("CCP") << u"123456768"_s << true << false << u"123456768"_s;
         QTest::newRow("CCP, zeros devant") << u"0000123456768"_s << true << false << u"123456768"_s;
         QTest::newRow("CCP entre blancs") << u" 123456768 "_s << true << false << u" 123456768 "_s;
@@ -299,9 +301,11 @@ private slots:
         QTest::newRow("corps de neuf") << u"12345678928"_s << true << false << u"12345678928"_s;
         QTest::newRow("vide") << u""_s << false << false << u""_s;
         QTest::newRow("zeros") << u"000000000000000000"_s << false << false << u""_s;
-        QTest::newRow("vingt zeros") << u"00000000000000000000"_s << false << false << u"00000000000000000000"_s;
+        QTest::newRow("vingt zeros") << u"00000000000000000000"_s << false << false
+                                     << u"00000000000000000000"_s;
         QTest::newRow("lettres") << u"ABCDEFG"_s << false << false << u"ABCDEFG"_s;
-        QTest::newRow("21 chiffres") << u"007123456789012345610"_s << false << false << u"007123456789012345610"_s;
+        QTest::newRow("21 chiffres") << u"007123456789012345610"_s << false << false
+                                     << u"007123456789012345610"_s;
     }
 
     void comptes()
@@ -320,10 +324,11 @@ private slots:
         QTest::addColumn<bool>("valide");     // CtrlTelephone
         QTest::addColumn<bool>("silencieux"); // TelephoneValide
 
-        const QString souligne
-            = u"Vous devez compléter le numéro de télephone SVP, ne laissez pas de caractère '_'   !"_s;
+        const QString souligne =
+            u"Vous devez compléter le numéro de télephone SVP, ne laissez pas de caractère '_'   !"_s;
         const QString zero = u"le pemier chiffre doit impérativement commencer par zéro !"_s;
-        const QString fixe = u"le deuxième chiffre doit impérativement etre égal à zéro pour les lignes fixe "_s;
+        const QString fixe =
+            u"le deuxième chiffre doit impérativement etre égal à zéro pour les lignes fixe "_s;
         const QString mobile = u"le deuxième chiffre ne doit pas etre égal à zéro pour les lignes mobile "_s;
 
         QTest::newRow("mobile") << u"0550112233"_s << QString() << true << true;
@@ -383,7 +388,8 @@ private slots:
         BornesPeriode(u"202303", bornes);
         QCOMPARE(bornes.DateDebutPeriode + bornes.DateFinPeriode, QString()); // March first: both stay empty
 
-        const struct {
+        const struct
+        {
             QStringView code, debut, fin;
         } attendues[] = {
             {u"202402", u"01/02/2024", u"29/02/2024"}, {u"202302", u"01/02/2023", u"28/02/2023"},
