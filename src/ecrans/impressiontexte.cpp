@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qreal MargeMm = 15;
+constexpr qreal MargeMm = 12;
 
 } // namespace
 
