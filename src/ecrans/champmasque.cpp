@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Every edit of a line edit, typed, pasted, dropped or set by the program, passes its validator, which may rewrite
-/// the text: so the mask is kept in one place.
+/// Every edit of a line edit, typed, pasted, dropped or set by the program, passes its validator, which may
+/// rewrite the text: so the mask is kept in one place.
 class GardeMasque : public QValidator
 {
 public:
@@ -60,6 +60,19 @@ QString ChampMasque::vide() const
     return texte;
 }
 
+/// Whether the text is one that the field can hold as it stands.
+bool ChampMasque::estConforme(const QString &texte) const
+{
+    if (texte.size() != m_masque.size())
+        return false;
+    for (qsizetype i = 0; i < texte.size(); ++i) {
+        const QChar c = texte[i];
+        if (estLibre(i) ? !estChiffre(c) && c != u' ' && c != m_invite[0] : c != m_masque[i])
+            return false;
+    }
+    return true;
+}
+
 /// The place of the next separator of the mask when it is this character, else -1.
 qsizetype ChampMasque::separateurDevant(QChar c, qsizetype place) const
 {
@@ -81,12 +94,13 @@ void ChampMasque::completerGroupe(QString &texte, qsizetype place, qsizetype sep
 
 QString ChampMasque::masquer(const QString &saisie, int &curseur) const
 {
-    if (saisie == m_texte)
+    if (estConforme(saisie))
         return saisie;
 
-    // What stands behind the cursor has stayed; in front of it, what is common has. Between the two the old text
-    // went and the new one came.
-    const qsizetype fin = std::clamp<qsizetype>(m_texte.size() - (saisie.size() - curseur), 0, m_texte.size());
+    // What stands behind the cursor has stayed; in front of it, what is common has. Between the two the old
+    // text went and the new one came.
+    const qsizetype fin =
+        std::clamp<qsizetype>(m_texte.size() - (saisie.size() - curseur), 0, m_texte.size());
     qsizetype debut = 0;
     while (debut < std::min<qsizetype>(fin, curseur) && saisie[debut] == m_texte[debut])
         ++debut;
@@ -105,6 +119,8 @@ QString ChampMasque::masquer(const QString &saisie, int &curseur) const
             ++place;
             continue;
         }
+        if (place > 0 && !estLibre(place - 1) && c == m_masque[place - 1])
+            continue; // the separator behind which the cursor waits already
         if (const qsizetype separateur = separateurDevant(c, place); separateur > place) {
             completerGroupe(texte, place, separateur);
             place = separateur + 1;

@@ -3,9 +3,9 @@
 #include <QLineEdit>
 
 /// A field of fixed length with a mask such as "##/##/####": "#" and "9" take a digit or a blank, every other
-/// character stands for itself. Its text is always what it shows, prompt characters included, as the rules read
-/// it: "__/__/____" when nothing is entered. A separator typed early ends its group, "1/" giving 01. Typing and pasting overwrite; deleting puts the prompt back without
-/// moving what stands behind.
+/// character stands for itself. Its text is always what it shows, prompt characters included, as the rules
+/// read it: "__/__/____" when nothing is entered. A separator typed early ends its group, "1/" giving 01.
+/// Typing and pasting overwrite; deleting puts the prompt back without moving what stands behind.
 class ChampMasque : public QLineEdit
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     QString vide() const;
     bool estVide() const { return text() == vide(); }
 
-    /// The text that the field takes on when an edit of its present text has left `saisie`, and where the cursor
-    /// stands then. @param curseur place of the cursor behind the edit
+    /// The text that the field takes on when an edit of its present text has left `saisie`, and where the
+    /// cursor stands then. @param curseur place of the cursor behind the edit
     QString masquer(const QString &saisie, int &curseur) const;
 
 protected:
@@ -36,6 +36,7 @@ protected:
 private:
     bool estLibre(qsizetype place) const { return m_masque[place] == u'#' || m_masque[place] == u'9'; }
 
+    bool estConforme(const QString &texte) const;
     qsizetype separateurDevant(QChar c, qsizetype place) const;
     void completerGroupe(QString &texte, qsizetype place, qsizetype separateur) const;
 
