@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class Connexion;
+class Dialogue;
+class Recordset;
+
+/// A field of a reference file: where it stands in the line, from 0, and the column that it fills.
+struct ChampReference
+{
+    QString colonne;
+    int debut;
+    int longueur;
+};
+
+/// A reference file of fixed columns in windows-1252, ended by a line "End".
+struct FichierReference
+{
+    QString chemin;
+    QString messageAbsent;
+    /// Whether a line whose first three characters are blank is passed over; it is a bad line otherwise.
+    bool sauteLignesBlanches;
+    QList<ChampReference> champs;
+};
+
+FichierReference fichierBanques();
+FichierReference fichierCommunes();
+FichierReference fichierWilayas();
+
+/// Fills the table of the open, empty recordset from its file, in one transaction. A last line that no "End"
+/// follows is not stored. @return false when the file is missing or bad, which the clerk was told
+bool ChargerReference(Connexion &cnx, Recordset &table, const FichierReference &fichier, Dialogue &dialogue);

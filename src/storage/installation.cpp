@@ -1,0 +1,118 @@
+#include "installation.h"
+
+#include "connexion.h"
+#include "lieux.h"
+#include "schema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+
+using namespace Qt::StringLiterals;
+
+/// The embedded files are linked in from a static library, where nothing else pulls them. Outside of any
+/// namespace: the macro declares a function.
+static void initialiserRessources() { Q_INIT_RESOURCE(reference); }
+
+namespace {
+
+[[noreturn]] void echouer(const QString &chemin, const QString &cause)
+{
+    throw ErreurFatale(u"« %1 » n'a pas pu être créé.\n(%2)"_s.arg(QDir::toNativeSeparators(chemin), cause));
+}
+
+void creerDossier(const QString &chemin)
+{
+    if (!QDir().mkpath(chemin))
+        echouer(chemin, u"dossier refusé"_s);
+}
+
+/// The file under its name of work, until it is complete.
+QString enTravail(const QString &chemin) { return chemin + u".nouveau"; }
+
+void mettreEnPlace(const QString &chemin)
+{
+    QFile fichier(enTravail(chemin));
+    if (!fichier.rename(chemin)) // never replaces a file
+        echouer(chemin, fichier.errorString());
+}
+
+void poserReference(const QString &chemin)
+{
+    if (QFileInfo::exists(chemin))
+        return;
+    QFile modele(u":/reference/"_s + QFileInfo(chemin).fileName());
+    QFile fichier(enTravail(chemin));
+    if (!modele.open(QIODevice::ReadOnly))
+        echouer(chemin, modele.errorString());
+    const QByteArray octets = modele.readAll();
+    if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate) || fichier.write(octets) != octets.size() ||
+        !fichier.flush())
+        echouer(chemin, fichier.errorString());
+    fichier.close();
+    mettreEnPlace(chemin);
+}
+
+/// A journal whose database is gone would be played into the new one. It is put aside, not deleted: rows may
+/// be in it.
+void ecarterJournaux(const QString &base)
+{
+    for (const QString &suite : {u"-wal"_s, u"-journal"_s}) {
+        const QString journal = base + suite;
+        if (!QFileInfo::exists(journal))
+            continue;
+        QString ecarte = journal + u".ancien";
+        for (int i = 2; QFileInfo::exists(ecarte); ++i)
+            ecarte = u"%1.ancien%2"_s.arg(journal).arg(i);
+        if (!QFile::rename(journal, ecarte))
+            echouer(ecarte, u"« %1 » n'a pas pu être écarté"_s.arg(journal));
+    }
+}
+
+void poserBase(const QString &chemin)
+{
+    const QString travail = enTravail(chemin);
+    for (const QString &reste : {travail, QString(travail + u"-journal")}) {
+        if (QFileInfo::exists(reste) && !QFile::remove(reste))
+            echouer(reste, u"un reste d'une installation interrompue ne peut pas être supprimé"_s);
+    }
+    try {
+        Connexion cnx;
+        cnx.ouvrir(travail);
+        Transaction transaction(cnx);
+        for (const Table &table : tablesDuSchema()) {
+            cnx.definir(table.creation());
+            for (const QString &ordre : table.creationIndex())
+                cnx.definir(ordre);
+        }
+        transaction.commit();
+    } catch (const ErreurBase &erreur) {
+        echouer(chemin, erreur.texte());
+    }
+    ecarterJournaux(chemin);
+    mettreEnPlace(chemin);
+}
+
+} // namespace
+
+void InstallerSiAbsente()
+{
+    const QString base = cheminBase();
+    if (QFileInfo::exists(base))
+        return;
+    initialiserRessources();
+    const QString dossier = QFileInfo(base).absolutePath();
+    creerDossier(dossier);
+
+    // Two programs may be started at once on a fresh machine. The lock of one that was killed is void.
+    QLockFile verrou(dossier + u"/installation.verrou");
+    if (!verrou.tryLock(30000))
+        echouer(base, u"un autre programme est en train de l'installer"_s);
+    if (QFileInfo::exists(base))
+        return;
+    for (const QString &chemin : {cheminBanques(), cheminCommunes(), cheminWilayas(), cheminCountry()})
+        poserReference(chemin);
+    creerDossier(dossierExpor());
+    poserBase(base);
+}

@@ -1,0 +1,438 @@
+#include "recordset.h"
+
+#include "date.h"
+#include "texte.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Rows read together, and rows kept: a few screens full.
+constexpr int rangee = 64;
+constexpr int lignesGardees = 32 * rangee;
+
+constexpr QStringView masqueMontant = u"## ### ### ###.00";
+
+QVariant montrable(const QVariant &valeur, Genre genre)
+{
+    const bool entier = valeur.typeId() == QMetaType::LongLong;
+    if (genre == Genre::Montant && entier)
+        return FormatMasque(Currency::deDixMilliemes(valeur.toLongLong()), masqueMontant);
+    if (genre == Genre::Jour) {
+        if (const QDate jour = jourStocke(valeur); jour.isValid())
+            return TexteDate(jour);
+    }
+    return valeur.toString();
+}
+
+QVariant typee(const QVariant &valeur, Genre genre)
+{
+    if (genre == Genre::Montant && valeur.typeId() == QMetaType::LongLong)
+        return QVariant::fromValue(Currency::deDixMilliemes(valeur.toLongLong()));
+    if (genre == Genre::Jour) {
+        if (const QDate jour = jourStocke(valeur); jour.isValid())
+            return jour;
+    }
+    return valeur;
+}
+
+} // namespace
+
+Condition operator&&(const Condition &a, const Condition &b)
+{
+    if (a.sql.isEmpty())
+        return b;
+    if (b.sql.isEmpty())
+        return a;
+    return {u"(%1) AND (%2)"_s.arg(a.sql, b.sql), a.valeurs + b.valeurs};
+}
+
+Condition commencePar(const QString &colonne, QStringView texte)
+{
+    // The engine knows capitals of ASCII only: accented letters are searched for in both spellings. A range,
+    // and not LIKE, so that the index serves and no character is a wildcard.
+    QStringList formes{texte.toString()};
+    if (std::any_of(texte.begin(), texte.end(), [](QChar c) { return c.unicode() > 0x7F; })) {
+        formes << majuscules(texte) << texte.toString().toLower();
+        formes.removeDuplicates();
+    }
+    Condition condition;
+    QStringList intervalles;
+    static constexpr char16_t dernierCaractere[] = {0xDBFF, 0xDFFD};
+    for (const QString &forme : std::as_const(formes)) {
+        intervalles += u"([%1] >= ? AND [%1] < ?)"_s.arg(colonne);
+        const QString fin = forme + QStringView(dernierCaractere, 2);
+        condition.valeurs << Valeur::brute(forme) << Valeur::brute(fin);
+    }
+    condition.sql = intervalles.join(u" OR ");
+    return condition;
+}
+
+Recordset::Recordset(Connexion &cnx, QString table, QList<Tri> tri, QObject *parent)
+    : QAbstractTableModel(parent), m_cnx(cnx), m_table(std::move(table)), m_triPropre(std::move(tri)),
+      m_lues(lignesGardees)
+{
+    connect(&m_cnx, &Connexion::transactionAnnulee, this, &Recordset::apresAnnulation);
+}
+
+void Recordset::exigerOuvert() const
+{
+    if (!m_ouvert) {
+        throw ErreurBase(
+            u"La table « %1 » n'est pas ouverte : le démarrage du programme ne l'a pas atteinte. "
+            "Veuillez relancer l'application."_s.arg(m_table));
+    }
+}
+
+void Recordset::ouvrir(const Condition &condition)
+{
+    fermer();
+    beginResetModel();
+    try {
+        lireColonnes();
+        m_condition = condition;
+        m_tri = m_triPropre;
+        m_rowids = lireRowids();
+        m_courante = m_rowids.empty() ? -1 : 0;
+        m_ouvert = true;
+    } catch (...) {
+        endResetModel();
+        fermer();
+        throw;
+    }
+    endResetModel();
+    emit ligneCouranteChangee(m_courante);
+}
+
+void Recordset::fermer()
+{
+    beginResetModel();
+    m_ouvert = false;
+    m_rowids = {};
+    m_lues.clear();
+    m_courante = -1;
+    m_noms = std::make_shared<const QStringList>();
+    m_genres.clear();
+    m_cle.clear();
+    endResetModel();
+}
+
+void Recordset::lireColonnes()
+{
+    QStringList noms;
+    m_genres.clear();
+    m_cle.clear();
+    Requete colonnes =
+        m_cnx.lire(u"SELECT name, type, pk FROM pragma_table_info(?) ORDER BY cid"_s, {m_table});
+    while (colonnes.suivante()) {
+        noms += colonnes.texte(0);
+        m_genres += genreDe(colonnes.texte(1));
+        if (colonnes.entier(2) > 0)
+            m_cle += noms.last();
+    }
+    m_noms = std::make_shared<const QStringList>(std::move(noms));
+}
+
+Recordset::Rowids Recordset::lireRowids() const
+{
+    QString sql = u"SELECT rowid FROM [%1]"_s.arg(m_table);
+    if (!m_condition.sql.isEmpty())
+        sql += QString(u" WHERE (" + m_condition.sql + u")");
+    QStringList ordre;
+    for (const Tri &tri : m_tri)
+        ordre += u"[%1] %2"_s.arg(tri.colonne, tri.sens == Qt::AscendingOrder ? u"ASC"_s : u"DESC"_s);
+    ordre += u"rowid"_s;
+    sql += QString(u" ORDER BY " + ordre.join(u", "));
+
+    Rowids rowids;
+    rowids.reserve(m_rowids.size() + 1);
+    Requete requete = m_cnx.lire(sql, m_condition.valeurs);
+    while (requete.suivante())
+        rowids.push_back(requete.valeur(0).toLongLong());
+    return rowids;
+}
+
+void Recordset::requery()
+{
+    exigerOuvert();
+    montrer(lireRowids(), rowidCourant());
+}
+
+void Recordset::trier(const QString &colonne, Qt::SortOrder sens)
+{
+    exigerOuvert();
+    const QList<Tri> avant = std::exchange(m_tri, {{nomColonne(rangColonne(colonne)), sens}});
+    try {
+        requery();
+    } catch (...) {
+        m_tri = avant;
+        throw;
+    }
+}
+
+void Recordset::montrer(Rowids rowids, qint64 rowidCourant)
+{
+    if (rowids == m_rowids) {
+        m_lues.clear();
+        if (!m_rowids.empty())
+            emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+        if (const int ligne = ligneDe(rowidCourant); ligne >= 0)
+            allerA(ligne);
+        return;
+    }
+    beginResetModel();
+    m_rowids = std::move(rowids);
+    m_lues.clear();
+    const int ligne = ligneDe(rowidCourant);
+    const int derniere = static_cast<int>(m_rowids.size()) - 1;
+    m_courante = ligne >= 0 ? ligne : std::min(std::max(m_courante, 0), derniere);
+    endResetModel();
+    // Views lose their selection in a reset, so this is told even when the place is the same.
+    emit ligneCouranteChangee(m_courante);
+}
+
+qint64 Recordset::rowidCourant() const
+{
+    // No rowid is below 1 in a table that nobody numbered by hand.
+    return m_courante < 0 ? -1 : m_rowids[static_cast<std::size_t>(m_courante)];
+}
+
+int Recordset::ligneDe(qint64 rowid) const
+{
+    const auto trouvee = std::find(m_rowids.begin(), m_rowids.end(), rowid);
+    return trouvee == m_rowids.end() ? -1 : static_cast<int>(trouvee - m_rowids.begin());
+}
+
+bool Recordset::correspond(qint64 rowid) const
+{
+    if (m_condition.sql.isEmpty())
+        return true;
+    return m_cnx.existe(u"SELECT 1 FROM [%1] WHERE (%2) AND rowid = ?"_s.arg(m_table, m_condition.sql),
+                        m_condition.valeurs + Valeurs{rowid});
+}
+
+int Recordset::nombre() const
+{
+    exigerOuvert();
+    return static_cast<int>(m_rowids.size());
+}
+
+const QVariantList &Recordset::brutes(int ligne) const
+{
+    static const QVariantList aucune;
+    if (ligne < 0 || ligne >= static_cast<int>(m_rowids.size()))
+        return aucune;
+    const qint64 voulu = m_rowids[static_cast<std::size_t>(ligne)];
+    if (const QVariantList *lue = m_lues.object(voulu))
+        return *lue;
+
+    const QString sql = u"SELECT [%1] FROM [%2] WHERE rowid = ?"_s.arg(m_noms->join(u"], ["), m_table);
+    const int debut = ligne / rangee * rangee;
+    const int fin = std::min(debut + rangee, static_cast<int>(m_rowids.size()));
+    for (int i = debut; i < fin; ++i) {
+        const qint64 rowid = m_rowids[static_cast<std::size_t>(i)];
+        if (m_lues.contains(rowid))
+            continue;
+        auto lue = std::make_unique<QVariantList>();
+        Requete requete = m_cnx.lire(sql, {rowid});
+        if (requete.suivante()) {
+            lue->reserve(m_noms->size());
+            for (int colonne = 0; colonne < m_noms->size(); ++colonne)
+                lue->append(requete.valeur(colonne));
+        }
+        m_lues.insert(rowid, lue.release());
+    }
+    return *m_lues.object(voulu);
+}
+
+Enregistrement Recordset::ligne(int ligne) const
+{
+    exigerOuvert();
+    return Enregistrement(m_noms, brutes(ligne));
+}
+
+int Recordset::chercher(const Champs &champs) const
+{
+    exigerOuvert();
+    Condition condition = m_condition;
+    for (const Champ &champ : champs) {
+        const QString nom = nomColonne(rangColonne(champ.colonne));
+        condition = condition && Condition{u"[%1] IS ?"_s.arg(nom), {champ.valeur}};
+    }
+    Requete requete =
+        m_cnx.lire(u"SELECT rowid FROM [%1] WHERE %2 ORDER BY rowid LIMIT 1"_s.arg(m_table, condition.sql),
+                   condition.valeurs);
+    return requete.suivante() ? ligneDe(requete.entier(0)) : -1;
+}
+
+void Recordset::allerA(int ligne)
+{
+    exigerOuvert();
+    if (ligne < 0 || ligne >= nombre() || ligne == m_courante)
+        return;
+    m_courante = ligne;
+    emit ligneCouranteChangee(m_courante);
+}
+
+void Recordset::ajouter(const Champs &champs)
+{
+    exigerOuvert();
+    const qint64 rowid = m_cnx.inserer(m_table, champs);
+    retenirChangement();
+    m_lues.remove(rowid);
+    if (!m_tri.isEmpty() || (!m_rowids.empty() && rowid <= m_rowids.back())) {
+        montrer(lireRowids(), correspond(rowid) ? rowid : rowidCourant());
+        return;
+    }
+    if (!correspond(rowid))
+        return;
+    const int ligne = static_cast<int>(m_rowids.size());
+    beginInsertRows({}, ligne, ligne);
+    m_rowids.push_back(rowid);
+    endInsertRows();
+    allerA(ligne);
+}
+
+QString Recordset::inchangee(const QVariantList &lues, const QStringList &aussi, Valeurs &valeurs) const
+{
+    QString sql = u" WHERE rowid = ?"_s;
+    valeurs += rowidCourant();
+    for (qsizetype i = 0; i < m_noms->size(); ++i) {
+        const QString &nom = m_noms->at(i);
+        if (m_cle.isEmpty() || m_cle.contains(nom) || aussi.contains(nom)) {
+            sql += u" AND [%1] IS ?"_s.arg(nom);
+            valeurs += Valeur::brute(lues[i]);
+        }
+    }
+    return sql;
+}
+
+void Recordset::refuserChangee()
+{
+    requery();
+    throw ErreurBase(
+        u"Cette ligne de la table « %1 » a été modifiée ou supprimée entre-temps par un autre programme. "
+        "La liste a été relue ; veuillez recommencer."_s.arg(m_table));
+}
+
+void Recordset::modifier(const Champs &champs)
+{
+    exigerOuvert();
+    const QVariantList lues = courant().estVide() ? QVariantList() : brutes(m_courante);
+    if (lues.isEmpty())
+        refuserChangee();
+
+    QStringList noms;
+    QStringList affectations;
+    Valeurs valeurs;
+    for (const Champ &champ : champs) {
+        noms += nomColonne(rangColonne(champ.colonne));
+        affectations += u"[%1] = ?"_s.arg(noms.last());
+        valeurs += champ.valeur;
+    }
+    const QString fin = inchangee(lues, noms, valeurs);
+    const QString sql = u"UPDATE [%1] SET %2%3"_s.arg(m_table, affectations.join(u", "), fin);
+    const qint64 rowid = rowidCourant();
+    if (m_cnx.executer(sql, valeurs, noms) == 0)
+        refuserChangee();
+    retenirChangement();
+
+    m_lues.remove(rowid);
+    const bool ordreTouche = std::any_of(m_tri.begin(), m_tri.end(), [&](const Tri &tri) {
+        return noms.contains(tri.colonne, Qt::CaseInsensitive);
+    });
+    if (ordreTouche || !correspond(rowid)) {
+        requery();
+        return;
+    }
+    emit dataChanged(index(m_courante, 0), index(m_courante, columnCount() - 1));
+}
+
+void Recordset::supprimer()
+{
+    exigerOuvert();
+    const QVariantList lues = courant().estVide() ? QVariantList() : brutes(m_courante);
+    if (lues.isEmpty())
+        refuserChangee();
+    Valeurs valeurs;
+    const QString fin = inchangee(lues, {}, valeurs);
+    const QString sql = u"DELETE FROM [%1]%2"_s.arg(m_table, fin);
+    if (m_cnx.executer(sql, valeurs) == 0)
+        refuserChangee();
+    retenirChangement();
+
+    const int ligne = m_courante;
+    beginRemoveRows({}, ligne, ligne);
+    m_lues.remove(rowidCourant());
+    m_rowids.erase(m_rowids.begin() + ligne);
+    m_courante = std::min(ligne, static_cast<int>(m_rowids.size()) - 1);
+    endRemoveRows();
+    emit ligneCouranteChangee(m_courante);
+}
+
+void Recordset::apresAnnulation() noexcept
+{
+    if (!std::exchange(m_changeEnTransaction, false) || !m_ouvert)
+        return;
+    try {
+        requery();
+    } catch (const Erreur &) {
+        fermer(); // it would show rows that are not there
+    }
+}
+
+void Recordset::titrer(const QString &colonne, const QString &titre)
+{
+    m_titres.insert(colonne.toLower(), titre);
+    if (columnCount() > 0)
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+int Recordset::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rowids.size());
+}
+
+int Recordset::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_noms->size());
+}
+
+QVariant Recordset::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Genre genre = m_genres[index.column()];
+    if (role == Qt::TextAlignmentRole) {
+        const bool adroite = genre == Genre::Entier || genre == Genre::Montant;
+        return QVariant::fromValue(
+            Qt::Alignment((adroite ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+    }
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
+        return {};
+    try {
+        const QVariantList &lues = brutes(index.row());
+        if (lues.isEmpty() || lues[index.column()].isNull())
+            return {};
+        const QVariant &valeur = lues[index.column()];
+        return role == Qt::DisplayRole ? montrable(valeur, genre) : typee(valeur, genre);
+    } catch (const Erreur &) {
+        return {}; // a view asks, and nothing may be thrown through it
+    }
+}
+
+QVariant Recordset::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    if (role == Qt::DisplayRole) {
+        const QString &nom = m_noms->at(section);
+        return m_titres.value(nom.toLower(), nom);
+    }
+    if (role == Qt::TextAlignmentRole)
+        return data(index(0, section), role);
+    return {};
+}

@@ -1,0 +1,152 @@
+#pragma once
+
+#include "connexion.h"
+
+#include <QAbstractTableModel>
+#include <QCache>
+
+#include <memory>
+#include <vector>
+
+/// Which rows: an SQL condition with its bound values. The empty one means all rows.
+struct Condition
+{
+    QString sql;
+    Valeurs valeurs;
+
+    friend Condition operator&&(const Condition &a, const Condition &b);
+};
+
+/// The rows whose column begins with the text: as typed, in upper or in lower case, accented letters
+/// included. Percent signs, underscores and quotes are ordinary characters.
+Condition commencePar(const QString &colonne, QStringView texte);
+
+/// One column of an order.
+struct Tri
+{
+    QString colonne;
+    Qt::SortOrder sens = Qt::AscendingOrder;
+
+    friend bool operator==(const Tri &, const Tri &) = default;
+};
+
+/// The rows of one table, under a condition and in an order (that of entry when there is none), as a Qt model
+/// with a current row. It keeps the rowids and reads the rows when they are looked at, so a table of any size
+/// opens at once and shows in a grid.
+///
+/// The current row stays on the same row through a requery and a sort; an added row becomes current; when the
+/// current row is deleted its neighbour takes its place. Looking a row up never moves it.
+///
+/// All routines throw ErreurBase when the recordset is not open, except those of the model, which show no
+/// row, and estOuvert().
+class Recordset : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// @param tri the order in which the table opens
+    Recordset(Connexion &cnx, QString table, QList<Tri> tri = {}, QObject *parent = nullptr);
+
+    QString table() const { return m_table; }
+
+    // Opening
+
+    /// Opens in the table's own order, again when it is open. @throws ErreurSql, and is closed then
+    void ouvrir(const Condition &condition = {});
+    void fermer();
+    bool estOuvert() const { return m_ouvert; }
+    /// Reads the list of rows again, under the same condition and in the same order.
+    void requery();
+    /// Orders by one column, then by entry; the condition stays.
+    void trier(const QString &colonne, Qt::SortOrder sens = Qt::AscendingOrder);
+    QList<Tri> tri() const { return m_tri; }
+
+    // Rows
+
+    bool vide() const { return nombre() == 0; }
+    int nombre() const;
+    /// The row's values, read now or before; empty for a row that is gone.
+    Enregistrement ligne(int ligne) const;
+    /// The first row that has these values, whatever their order in the table; -1 when there is none.
+    int chercher(const Champs &champs) const;
+
+    // The current row, -1 when there is none
+
+    int ligneCourante() const { return m_courante; }
+    void allerA(int ligne);
+    Enregistrement courant() const { return ligne(m_courante); }
+    bool estNul(Col colonne) const { return courant().estNul(colonne); }
+    QVariant valeur(Col colonne) const { return courant().valeur(colonne); }
+    QString texte(Col colonne) const { return courant().texte(colonne); }
+    qint64 entier(Col colonne) const { return courant().entier(colonne); }
+    Currency montant(Col colonne) const { return courant().montant(colonne); }
+    QDate date(Col colonne) const { return courant().date(colonne); }
+
+    // Changes, each a statement of its own
+
+    /// Adds a row; it becomes current when the condition lets it be seen.
+    void ajouter(const Champs &champs);
+    /// Changes the current row. Refused when another program has changed these columns or the key, or deleted
+    /// the row, since it was read: the list is read again then, and ErreurBase thrown.
+    void modifier(const Champs &champs);
+    /// Deletes the current row; refused as modifier() is.
+    void supprimer();
+
+    // Columns
+
+    QString nomColonne(int colonne) const { return m_noms->at(colonne); }
+    /// The place of the column. @throws ErreurBase when there is none
+    int rangColonne(Col colonne) const { return colonne.rang(*m_noms); }
+    Genre genreColonne(int colonne) const { return m_genres.at(colonne); }
+    /// The title of a column in a grid; its name otherwise.
+    void titrer(const QString &colonne, const QString &titre);
+
+    // The model: dates dd/mm/yyyy and amounts "## ### ### ###.00" for show, QDate, Currency, qint64 and
+    // QString to edit
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+signals:
+    /// Another row is current, or the same at another place.
+    void ligneCouranteChangee(int ligne);
+
+private:
+    using Rowids = std::vector<qint64>;
+
+    void exigerOuvert() const;
+    void lireColonnes();
+    Rowids lireRowids() const;
+    void rouvrir(const Condition &condition, const QList<Tri> &tri);
+    /// Shows these rows and puts the current row on that rowid, or where it was when it is gone.
+    void montrer(Rowids rowids, qint64 rowidCourant);
+    qint64 rowidCourant() const;
+    int ligneDe(qint64 rowid) const;
+    bool correspond(qint64 rowid) const;
+    /// The raw values of a row, read together with its neighbours; empty when it is gone.
+    const QVariantList &brutes(int ligne) const;
+    /// The end of an UPDATE or a DELETE: the row is still the one that was read.
+    QString inchangee(const QVariantList &lues, const QStringList &aussi, Valeurs &valeurs) const;
+    void refuserChangee();
+    void retenirChangement() { m_changeEnTransaction = m_changeEnTransaction || m_cnx.enTransaction(); }
+    void apresAnnulation() noexcept;
+
+    Connexion &m_cnx;
+    QString m_table;
+    QList<Tri> m_triPropre;
+    QList<Tri> m_tri;
+    Condition m_condition;
+    bool m_ouvert = false;
+    bool m_changeEnTransaction = false;
+
+    std::shared_ptr<const QStringList> m_noms = std::make_shared<const QStringList>();
+    QList<Genre> m_genres;
+    QStringList m_cle;
+    QHash<QString, QString> m_titres;
+
+    Rowids m_rowids;
+    int m_courante = -1;
+    mutable QCache<qint64, QVariantList> m_lues;
+};
