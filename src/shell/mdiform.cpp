@@ -7,7 +7,9 @@
 #include "etatsfenetres.h"
 #include "fenetrefille.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
@@ -27,8 +29,10 @@ MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours,
     m_aire->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_aire->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_aire->setAccessibleName(u"Fenêtres ouvertes"_s);
+    m_aire->setBackground(palette().color(QPalette::Window).darker(112));
     setCentralWidget(m_aire);
     faireLeMenu(fenetres);
+    qApp->installEventFilter(this);
     if (!reprendreGeometrie(*this))
         resize(QSize(1100, 720).boundedTo(screen()->availableSize()));
 }
@@ -102,6 +106,21 @@ void MDIForm::ouvrir(Entree &entree)
     entree.fenetre = fenetre;
     fenetre->show();
     rafraichir(entree);
+}
+
+bool MDIForm::eventFilter(QObject *objet, QEvent *evenement)
+{
+    if (evenement->type() == QEvent::ShortcutOverride) {
+        // Text fields would keep some of the menu's keys for themselves, Ctrl+E on X11 among them.
+        const QKeySequence touches(static_cast<QKeyEvent *>(evenement)->keyCombination());
+        for (const auto &[nom, entree] : m_entrees) {
+            if (entree.action->shortcut() == touches) {
+                evenement->ignore();
+                return true;
+            }
+        }
+    }
+    return QMainWindow::eventFilter(objet, evenement);
 }
 
 void MDIForm::closeEvent(QCloseEvent *evenement)

@@ -28,6 +28,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *evenement) override;
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:
     struct Entree

@@ -7,6 +7,7 @@
 #include "mdiform.h"
 
 #include <QCloseEvent>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -228,6 +229,20 @@ private slots:
             QTRY_COMPARE(fermetures.size(), 1);
             QCOMPARE(principale->windowTitle(), u"DAS KORVANDEL 1.0.0"_s);
         }
+    }
+
+    void raccourciDepuisUnChamp()
+    {
+        // On X11 a text field keeps Ctrl+E to go to its end; in the menu it is the employers.
+        const auto principale = ouvrirProgramme();
+        QVERIFY(QTest::qWaitForWindowActive(principale.get()));
+        entree(*principale, u"wvalidate"_s)->trigger();
+        auto *champ = new QLineEdit(feuille(*principale, u"FrmDasValide"_s));
+        champ->show();
+        champ->setFocus();
+        QTRY_VERIFY(champ->hasFocus());
+        QTest::keyClick(champ, Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(feuille(*principale, u"Frm_imp"_s));
     }
 
     void permettre()
