@@ -97,7 +97,9 @@ void MDIForm::ouvrir(Entree &entree)
         return;
     auto *fenetre = new FenetreFille(feuille);
     m_aire->addSubWindow(fenetre);
-    fenetre->resize(fenetre->sizeHint().boundedTo(m_aire->viewport()->size()));
+    const int boutonsDuCadre = 140;
+    const int titre = fenetre->fontMetrics().horizontalAdvance(fenetre->windowTitle()) + boutonsDuCadre;
+    fenetre->resize(fenetre->sizeHint().expandedTo(QSize(titre, 0)).boundedTo(m_aire->viewport()->size()));
     CentrerFeuille(*fenetre);
     connect(fenetre, &FenetreFille::fermee, this, [&entree] {
         entree.fenetre = nullptr;
