@@ -300,6 +300,13 @@ void Recordset::ajouter(const Champs &champs)
     m_lues.remove(rowid);
     if (!correspond(rowid))
         return;
+    // The engine gives the number of a row deleted behind our back to the next one: the list may still hold
+    // it.
+    const bool surementNeuf = m_rowids.empty() || (m_tri.isEmpty() && rowid > m_rowids.back());
+    if (!surementNeuf && ligneDe(rowid) >= 0) {
+        montrer(lireRowids(), rowid);
+        return;
+    }
     const int ligne = placeDe(rowid, m_rowids);
     beginInsertRows({}, ligne, ligne);
     m_rowids.insert(m_rowids.begin() + ligne, rowid);

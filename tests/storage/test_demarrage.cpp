@@ -1,5 +1,4 @@
 #include "base.h"
-#include "chargement.h"
 #include "demarrage.h"
 #include "dialoguescenario.h"
 #include "foyer.h"
@@ -11,8 +10,8 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QSqlError>
 #include <QTest>
+#include <QThread>
 
 #include <cstdio>
 
@@ -39,7 +38,7 @@ Demarrage demarrer(DialogueScenario &dialogue, Base &base)
     return resultat;
 }
 
-/// A start on a complete database, after a change of it.
+/// Changes the database as another tool would.
 void changerBase(const QStringList &ordres)
 {
     Connexion cnx;
@@ -192,7 +191,7 @@ private slots:
         QCOMPARE(demarrer(dialogue, base).issue, Demarrage::Complet);
         for (const Recordset *rs : {&base.RsBanque, &base.RsCommune, &base.RsWilaya})
             QCOMPARE(rs->nombre(), 1);
-        // In the end nothing tells it from a database of today but the places of the columns' constraints.
+        // The indexes came with the tables or at the end of the start.
         QStringList indexPresents;
         Requete noms = base.Cnx.lire(u"SELECT name FROM sqlite_master WHERE type = 'index' AND sql > ''"_s);
         while (noms.suivante())
@@ -467,8 +466,7 @@ private slots:
             if (microsecondes < 0) {
                 enfant.waitForReadyRead(); // it is through
             } else {
-                while (temps.nsecsElapsed() / 1000 < microsecondes) {
-                }
+                QThread::usleep(static_cast<unsigned long>(microsecondes));
             }
             const qint64 duree = temps.nsecsElapsed() / 1000;
             enfant.kill();

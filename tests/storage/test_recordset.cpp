@@ -152,6 +152,11 @@ private slots:
         autre.executer(u"INSERT INTO salarie (Num_Salarie, cpt_z) VALUES ('000000000009', 1)"_s);
         QVERIFY(!echecDe([&] { rs.supprimer(); }).isEmpty());
         QVERIFY(autre.existe(u"SELECT 1 FROM salarie WHERE Num_Salarie = '000000000009'"_s));
+        // The same, and we are the ones who add: one row in the list, not two.
+        autre.executer(u"DELETE FROM salarie WHERE Num_Salarie = '000000000009'"_s);
+        rs.ajouter({{u"Num_Salarie"_s, u"000000000010"}, {u"cpt_z"_s, 1}});
+        QCOMPARE(rs.nombre(), 2);
+        QCOMPARE(rs.texte(u"Num_Salarie"), u"000000000010"_s);
     }
 
     void annulation()
