@@ -83,7 +83,7 @@ bool ValidateurDas::premiereLigne(const QString &marque)
 bool ValidateurDas::entete(const QString &ligne)
 {
     std::array<QStringView, 5> champs;
-    couper(ligne, champs.data(), static_cast<int>(champs.size()));
+    couper(ligne, champs);
     m_entete = {champs[0].toString(), champs[1].toString(), sansBlancs(champs[2]),
                 sansBlancs(champs[3]).replace(SepAutre, SepDecimal), champs[4].toString()};
 
@@ -141,7 +141,7 @@ QString ValidateurDas::CtrlEnteteDas() const
 
 void ValidateurDas::DecouperLigneDas(QByteArrayView octets)
 {
-    decouper(octets, m_champs.data(), NombreChamps);
+    decouper(octets, m_champs);
     oterBlancs(valeur(SalaireAnnuel));
     oterBlancs(valeur(DureeTravaillee));
     QChar *salaire = caracteres(valeur(SalaireAnnuel));
