@@ -6,7 +6,14 @@
 /// The text of the program: characters of the code page windows-1252, one UTF-16 unit each.
 
 /// The text without the blanks (U+0020) at both ends; tabs, underscores and no-break spaces stay.
-QStringView Trim(QStringView texte);
+inline QStringView Trim(QStringView texte)
+{
+    while (texte.startsWith(u' '))
+        texte = texte.sliced(1);
+    while (texte.endsWith(u' '))
+        texte.chop(1);
+    return texte;
+}
 
 /// The text without any blank (U+0020), inner ones included.
 QString sansBlancs(QStringView texte);

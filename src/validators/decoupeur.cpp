@@ -3,30 +3,15 @@
 #include "erreurs.h"
 #include "texte.h"
 
-#include <algorithm>
+#include <cstring>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Beyond this length a line is cut short behind its last wanted field before anything else is done with it.
-constexpr qsizetype LigneLongue = 64 * 1024;
-
 [[noreturn]] void refuserLigne(std::size_t champs)
 {
     throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(champs));
-}
-
-/// The bytes of a long line up to the last ";" that counts.
-QByteArrayView raccourcir(QByteArrayView octets, std::size_t champs)
-{
-    qsizetype fin = -1;
-    for (std::size_t i = 0; i < champs; ++i) {
-        fin = octets.indexOf(';', fin + 1);
-        if (fin < 0)
-            refuserLigne(champs);
-    }
-    return octets.first(fin + 1);
 }
 
 } // namespace
@@ -45,10 +30,27 @@ void couper(QStringView ligne, std::span<QStringView> champs)
 
 void Decoupeur::decouper(QByteArrayView octets, std::span<QStringView> champs)
 {
-    if (octets.size() > LigneLongue)
-        octets = raccourcir(octets, champs.size());
-    if (m_tampon.size() < octets.size())
-        m_tampon.resize(std::max(octets.size(), LigneLongue));
-    decoder(octets, reinterpret_cast<char16_t *>(m_tampon.data()), true);
-    couper(QStringView(m_tampon).first(octets.size()), champs);
+    // The ends are sought before anything is decoded, so that what stands behind the last wanted field,
+    // however long it is, costs nothing.
+    m_fins.resize(champs.size());
+    const char *reste = octets.begin();
+    for (qsizetype &fin : m_fins) {
+        const void *trouve = std::memchr(reste, ';', static_cast<std::size_t>(octets.end() - reste));
+        if (!trouve)
+            refuserLigne(champs.size());
+        const char *place = static_cast<const char *>(trouve);
+        fin = place - octets.begin();
+        reste = place + 1;
+    }
+    const qsizetype taille = reste - octets.begin();
+    if (m_tampon.size() < taille)
+        m_tampon.resize(taille);
+    decoder(octets.first(taille), reinterpret_cast<char16_t *>(m_tampon.data()), true);
+
+    const QStringView texte(m_tampon);
+    qsizetype debut = 0;
+    for (std::size_t i = 0; i < champs.size(); ++i) {
+        champs[i] = Trim(texte.sliced(debut, m_fins[i] - debut));
+        debut = m_fins[i] + 1;
+    }
 }

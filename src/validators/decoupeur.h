@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <span>
+#include <vector>
 
 /// Cuts the line at ";" and trims each field. The line must hold an end for every field; what stands behind
 /// the last of them is ignored. @throws ErreurConversion for a shorter line
@@ -20,4 +21,5 @@ public:
 
 private:
     QString m_tampon;
+    std::vector<qsizetype> m_fins;
 };
