@@ -65,9 +65,14 @@ QChar majuscule(QChar c)
 QString majuscules(QStringView texte)
 {
     QString resultat = texte.toString();
-    for (QChar &c : resultat)
-        c = majuscule(c);
+    mettreEnMajuscules({resultat.data(), static_cast<std::size_t>(resultat.size())});
     return resultat;
+}
+
+void mettreEnMajuscules(std::span<QChar> texte)
+{
+    for (QChar &c : texte)
+        c = majuscule(c);
 }
 
 bool chiffresSeuls(QStringView texte)

@@ -119,9 +119,7 @@ QList<Validateur::Libelle> Validateur::libellesResultat() const
 
 void Validateur::enMajuscules(QStringView champ)
 {
-    QChar *lettres = caracteres(champ);
-    for (qsizetype i = 0; i < champ.size(); ++i)
-        lettres[i] = majuscule(lettres[i]);
+    mettreEnMajuscules({caracteres(champ), static_cast<std::size_t>(champ.size())});
 }
 
 void Validateur::oterBlancs(QStringView &champ)

@@ -8,6 +8,7 @@
 #include "saisie.h"
 #include "texte.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -31,8 +32,11 @@ QStringView milieu(QStringView texte, qsizetype place, qsizetype nombre)
     return texte.size() < place ? QStringView() : debut(texte.sliced(place - 1), nombre);
 }
 
+/// Whether a code is this letter.
+bool est(QStringView code, QChar lettre) { return code.size() == 1 && code[0] == lettre; }
+
 /// A day that a rule can't do without. @throws ErreurConversion where there is none
-QDate jour(const std::optional<QDate> &date, const QString &texte) { return date ? *date : LireDate(texte); }
+QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : LireDate(texte); }
 
 } // namespace
 
@@ -138,6 +142,10 @@ QString ValidateurDas::CtrlEnteteDas() const
         joindre(fautes, u"Nombre Total des Salariés Non Numérique ou Négatif"_s + marques());
     return fautes;
 }
+
+bool ValidateurDas::etranger() { return est(valeur(Etranger), u'O'); }
+
+bool ValidateurDas::national() { return est(valeur(Etranger), u'N'); }
 
 void ValidateurDas::DecouperLigneDas(QByteArrayView octets)
 {
@@ -279,7 +287,7 @@ void ValidateurDas::ctrlNumeroSalarie()
     } else if (numero.size() != 12) {
         signaler(Classe::RejetDur, prefixe() + u"  Taille  Numéro SS doit être égal à 12 !"_s,
                  nomChamp + u" / la Numéro SS est constitué de 12 chiffres !"_s);
-    } else if (fin(numero, 2) != CleSS(numero.chopped(2))) {
+    } else if (!CleSSJuste(numero)) {
         signaler(Classe::RejetDur, prefixe() + u"  Clés de controle du Numéro  SS incorrecte ! "_s,
                  nomChamp + u" /  Clés SS Incorrecte"_s);
     } else if (national() && milieu(numero, 3, 4) != fin(valeur(ActeNaissance), 4)) {
@@ -297,7 +305,7 @@ void ValidateurDas::ctrlNin()
     if (nin.size() != 18 || nin.startsWith(u"00") || milieu(nin, 10, 5) != valeur(ActeNaissance)) {
         signaler(Classe::SansIncidence, prefixe() + u"  -  NIN : "_s + nin + u" Incorrecte "_s,
                  label(Nin) + u" NIN Incorrecte"_s);
-    } else if (valeur(TypeEntreeSortie) == u"E") {
+    } else if (est(valeur(TypeEntreeSortie), u'E')) {
         ++nbNinValides;
     }
 }
@@ -327,7 +335,7 @@ void ValidateurDas::CtrlCode(Champ champ)
     /// Whether the code is one of the letters; if not, the error is listed and the fund's own letter stands
     /// there.
     const auto parmi = [&](QStringView lettres, QStringView mots, Classe classe, QStringView remplacement) {
-        if (code.size() == 1 && lettres.contains(code[0]))
+        if (std::any_of(lettres.begin(), lettres.end(), [&](QChar lettre) { return est(code, lettre); }))
             return true;
         signalerValeur(classe, label(champ), code, mots);
         if (!remplacement.isEmpty())
@@ -391,7 +399,7 @@ void ValidateurDas::ctrlNationalite()
 void ValidateurDas::ctrlTypeDuree()
 {
     const QStringView unite = valeur(TypeDuree);
-    const double maximum = unite == u"M" ? 12 : unite == u"J" ? 314 : 2512;
+    const double maximum = est(unite, u'M') ? 12 : est(unite, u'J') ? 314 : 2512;
     const double duree = Val(valeur(DureeTravaillee));
     if (duree < 0 || duree > maximum) {
         const QString mots = u" pour une Durée Travaillée = "_s + valeur(DureeTravaillee) +
@@ -410,17 +418,17 @@ void ValidateurDas::ctrlEntreeSortie()
                  prefixeNoms() + u"  Nombre de jour travaillé ou Date entrée/sortie non valide "_s,
                  label(TypeEntreeSortie) + u" date incorrecte"_s);
     }
-    const QDate date = LireDate(dateES);
-    if (type == u"E" && date > jour(m_finCampagne, periodeCampagne)) {
+    const QDate date = jour(m_dateES, dateES);
+    if (est(type, u'E') && date > jour(m_finCampagne, periodeCampagne)) {
         const QString mots = u"Date Entrée = "_s + dateES + u" est > Période Campagne"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
         dateES = DateNeutre;
-    } else if (type == u"S" && date < jour(m_debutCampagne, periodeCampagne)) {
+    } else if (est(type, u'S') && date < jour(m_debutCampagne, periodeCampagne)) {
         const QString mots = u"Date Sortie = "_s + dateES + u" est < Période Campagne"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
         dateES = DateNeutre;
         type = u"E";
-    } else if (type == u"E" && national()) {
+    } else if (est(type, u'E') && national()) {
         ++nbNationauxEntres;
     }
 }
@@ -430,6 +438,9 @@ void ValidateurDas::CtrlDate(Champ champ)
     const QStringView texte = valeur(champ);
     const QStringView nomChamp = label(champ);
     const bool naissance = champ == DateNaissance;
+    const auto date = dateDe(texte);
+    if (!naissance)
+        m_dateES = date;
     if (texte.isEmpty()) {
         // The blank behind "Ligne N°:" belongs to the date of birth alone.
         signaler(Classe::RejetDur,
@@ -437,7 +448,6 @@ void ValidateurDas::CtrlDate(Champ champ)
                  naissance ? QString(nomChamp + u" est Vide"_s) : QString(nomChamp + u" =  est vide "_s));
         return;
     }
-    const auto date = dateDe(texte);
     if (!date) {
         signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide);
         return;
@@ -515,7 +525,7 @@ void ValidateurDas::ctrlComptes()
 /// A newcomer of the campaign's last month may lack a number, and whoever left.
 bool ValidateurDas::SsManquantTolere()
 {
-    if (valeur(TypeEntreeSortie) != u"E")
+    if (!est(valeur(TypeEntreeSortie), u'E'))
         return true;
     const auto date = dateDe(valeur(DateEntreeSortie));
     return !date || *date >= jour(m_limiteSS, dateLimiteSS);
@@ -524,17 +534,17 @@ bool ValidateurDas::SsManquantTolere()
 /// Whether the time worked fits between the movement and the campaign's other end.
 bool ValidateurDas::CtrlDureeDates()
 {
-    const QDate date = LireDate(valeur(DateEntreeSortie));
-    const double jours = valeur(TypeEntreeSortie) == u"E"
+    const QDate date = jour(m_dateES, valeur(DateEntreeSortie));
+    const double jours = est(valeur(TypeEntreeSortie), u'E')
                              ? static_cast<double>(date.daysTo(jour(m_lendemainCampagne, periodeCampagne)))
                              : static_cast<double>(jour(m_debutCampagne, periodeCampagne).daysTo(date));
     const double duree = Val(valeur(DureeTravaillee));
     const QStringView unite = valeur(TypeDuree);
-    if (unite == u"M")
+    if (est(unite, u'M'))
         return jours >= 26 * duree;
-    if (unite == u"J")
+    if (est(unite, u'J'))
         return jours >= duree;
-    if (unite == u"H")
+    if (est(unite, u'H'))
         return jours * 8 >= duree;
     return true;
 }
