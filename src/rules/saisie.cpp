@@ -14,8 +14,10 @@ bool CarNumeriques(QStringView texte)
 
 bool SansChiffre(QStringView texte)
 {
-    return std::none_of(texte.begin(), texte.end(),
-                        [](QChar c) { return estChiffre(c) || c == u'.' || c == u','; });
+    bool trouve = false;
+    for (const QChar c : texte)
+        trouve |= estChiffre(c) || c == u'.' || c == u',';
+    return !trouve;
 }
 
 void CadrerBlancs(QString &texte)

@@ -35,6 +35,13 @@ std::array<char16_t, 256> capitalesBasses()
     return table;
 }
 
+/// The capital of a character from U+0100 on.
+QChar majusculeRare(QChar c)
+{
+    const QChar haut = c.toUpper();
+    return octetDe(haut.unicode()) >= 0 ? haut : c;
+}
+
 const std::array<char16_t, 256> capitales = capitalesBasses();
 
 } // namespace
@@ -56,10 +63,7 @@ QStringView sansBlancsFinaux(QStringView texte)
 
 QChar majuscule(QChar c)
 {
-    if (c.unicode() < capitales.size())
-        return capitales[c.unicode()];
-    const QChar haut = c.toUpper();
-    return octetDe(haut.unicode()) >= 0 ? haut : c;
+    return c.unicode() < capitales.size() ? QChar(capitales[c.unicode()]) : majusculeRare(c);
 }
 
 QString majuscules(QStringView texte)

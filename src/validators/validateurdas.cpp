@@ -10,8 +10,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -21,6 +23,7 @@ constexpr QStringView FormatMontant = u"## ### ### ### ###.00";
 constexpr QStringView NonNumerique = u" est Non Numérique";
 constexpr QStringView NonValide = u" est Non Valide";
 constexpr QStringView DateNeutre = u"01/01/1900";
+constexpr QStringView SansNumero = u"000000000000";
 
 QStringView debut(QStringView texte, qsizetype nombre) { return texte.first(std::min(texte.size(), nombre)); }
 
@@ -154,6 +157,7 @@ void ValidateurDas::DecouperLigneDas(QByteArrayView octets)
     oterBlancs(valeur(DureeTravaillee));
     QChar *salaire = caracteres(valeur(SalaireAnnuel));
     std::replace(salaire, salaire + valeur(SalaireAnnuel).size(), QChar(SepAutre), QChar(SepDecimal));
+    m_duree = Val(valeur(DureeTravaillee));
 }
 
 void ValidateurDas::ligne(QByteArrayView octets)
@@ -195,49 +199,49 @@ QStringView ValidateurDas::label(Champ champ)
 {
     switch (champ) {
     case NumSalarie:
-        return u"N° Salarié";
+        return u"N° Salarié"sv;
     case Nom:
-        return u"Nom";
+        return u"Nom"sv;
     case Prenom:
-        return u"Prenom";
+        return u"Prenom"sv;
     case SituationFamiliale:
-        return u"Situation Familiale";
+        return u"Situation Familiale"sv;
     case DateNaissance:
-        return u"Date Naissance";
+        return u"Date Naissance"sv;
     case Adresse:
-        return u"Adresse";
+        return u"Adresse"sv;
     case Presume:
-        return u"Présumé";
+        return u"Présumé"sv;
     case Etranger:
-        return u"Etranger";
+        return u"Etranger"sv;
     case CompteCCP:
-        return u"N° Compte CCP";
+        return u"N° Compte CCP"sv;
     case SalaireAnnuel:
-        return u"Salaire Annuel";
+        return u"Salaire Annuel"sv;
     case DureeTravaillee:
-        return u"Durée Travaillée";
+        return u"Durée Travaillée"sv;
     case TypeDuree:
-        return u"Type Durée Travaillée";
+        return u"Type Durée Travaillée"sv;
     case DateEntreeSortie:
-        return u"Date Entrée / Sortie";
+        return u"Date Entrée / Sortie"sv;
     case TypeEntreeSortie:
-        return u"Type Entrée / Sortie";
+        return u"Type Entrée / Sortie"sv;
     case Categorie:
-        return u"Categorie";
+        return u"Categorie"sv;
     case Telephone:
-        return u"Telephone";
+        return u"Telephone"sv;
     case Mail:
-        return u"Mail";
+        return u"Mail"sv;
     case Nationalite:
-        return u"Nationalite";
+        return u"Nationalite"sv;
     case PrenomPere:
-        return u"PrenomPere";
+        return u"PrenomPere"sv;
     case NomMere:
-        return u"NomMere";
+        return u"NomMere"sv;
     case PrenomMere:
-        return u"PrenomMere";
+        return u"PrenomMere"sv;
     case Nin:
-        return u"NIN";
+        return u"NIN"sv;
     case CompteBancaire:
     case ActeNaissance:
         break; // tested together with another field, under that one's label
@@ -253,7 +257,8 @@ void ValidateurDas::CtrlNumerique(Champ champ)
         signalerValeur(Classe::Rejet, label(champ), texte, NonNumerique);
         return;
     }
-    if (Val(texte) < 0) {
+    // Only a sign in front makes a number negative.
+    if (texte.startsWith(u'-') && Val(texte) < 0) {
         signalerValeur(Classe::RejetDur, label(champ), texte, NonNumerique);
         return;
     }
@@ -273,7 +278,7 @@ void ValidateurDas::ctrlNumeroSalarie()
 {
     const QStringView numero = valeur(NumSalarie);
     const QStringView nomChamp = label(NumSalarie);
-    if (numero == u"000000000000") {
+    if (numero == SansNumero) {
         const bool tolere = SsManquantTolere();
         signaler(tolere ? Classe::SansIncidence : Classe::RejetDur,
                  prefixeNoms() + u"  N° SS non fournie !"_s, nomChamp + u" / N° SS Incorrecte !"_s);
@@ -314,15 +319,14 @@ void ValidateurDas::ctrlDuree()
 {
     const QStringView texte = valeur(DureeTravaillee);
     const QStringView nomChamp = label(DureeTravaillee);
-    const double duree = Val(texte);
     const double salaire = Val(valeur(SalaireAnnuel));
-    if (duree > 0 && salaire == 0) {
+    if (m_duree > 0 && salaire == 0) {
         signalerValeur(Classe::RejetDur, nomChamp, texte, u" est (>0) pour un Salaire Annuel Nul (=0)",
                        u" non autorisé");
-    } else if (duree == 0 && salaire == 0) {
+    } else if (m_duree == 0 && salaire == 0) {
         const QString mots = nomChamp + u" et Salaire Annuel Nuls (=0)"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
-    } else if (duree == 0 && salaire > 0) {
+    } else if (m_duree == 0 && salaire > 0) {
         const QString mots = nomChamp + u" = 0 pour Salaire Annuel >0, Risque Erreur (Sauf si Rappel)"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
     }
@@ -334,6 +338,7 @@ void ValidateurDas::CtrlCode(Champ champ)
     enMajuscules(code);
     /// Whether the code is one of the letters; if not, the error is listed and the fund's own letter stands
     /// there.
+    // The literals carry their length: it would otherwise be counted for every line.
     const auto parmi = [&](QStringView lettres, QStringView mots, Classe classe, QStringView remplacement) {
         if (std::any_of(lettres.begin(), lettres.end(), [&](QChar lettre) { return est(code, lettre); }))
             return true;
@@ -345,25 +350,25 @@ void ValidateurDas::CtrlCode(Champ champ)
 
     switch (champ) {
     case Etranger:
-        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        parmi(u"ON"sv, u" est Différent de O(Oui) ou N(Non)"sv, Classe::SansIncidence, u"N"sv);
         ctrlNationalite();
         break;
     case SituationFamiliale:
-        parmi(u"MC", u" est Différente de M(Marié) ou C(Célibataire)", Classe::SansIncidence, u"C");
+        parmi(u"MC"sv, u" est Différente de M(Marié) ou C(Célibataire)"sv, Classe::SansIncidence, u"C"sv);
         break;
     case Presume:
-        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        parmi(u"ON"sv, u" est Différent de O(Oui) ou N(Non)"sv, Classe::SansIncidence, u"N"sv);
         break;
     case TypeDuree:
-        if (parmi(u"MJH", u" est Différent de M(Mois), J(Jour) ou H(Heure)", Classe::RejetDur, {}))
+        if (parmi(u"MJH"sv, u" est Différent de M(Mois), J(Jour) ou H(Heure)"sv, Classe::RejetDur, {}))
             ctrlTypeDuree();
         break;
     case TypeEntreeSortie:
-        if (parmi(u"ES", u" est Différent de E(Entrée) ou S(Sortie)", Classe::SansIncidence, u"E"))
+        if (parmi(u"ES"sv, u" est Différent de E(Entrée) ou S(Sortie)"sv, Classe::SansIncidence, u"E"sv))
             ctrlEntreeSortie();
         break;
     case Categorie:
-        parmi(u"MF", u" est Différente de M(Masculin) ou F(Féminin)", Classe::SansIncidence, u"M");
+        parmi(u"MF"sv, u" est Différente de M(Masculin) ou F(Féminin)"sv, Classe::SansIncidence, u"M"sv);
         break;
     case Telephone:
         if (!TelephoneValide(code))
@@ -400,8 +405,7 @@ void ValidateurDas::ctrlTypeDuree()
 {
     const QStringView unite = valeur(TypeDuree);
     const double maximum = est(unite, u'M') ? 12 : est(unite, u'J') ? 314 : 2512;
-    const double duree = Val(valeur(DureeTravaillee));
-    if (duree < 0 || duree > maximum) {
+    if (m_duree < 0 || m_duree > maximum) {
         const QString mots = u" pour une Durée Travaillée = "_s + valeur(DureeTravaillee) +
                              u" Se Trouvant en dehors de l'Intervalle Autorisé"_s;
         signalerValeur(Classe::RejetDur, label(TypeDuree), unite, mots);
@@ -454,9 +458,10 @@ void ValidateurDas::CtrlDate(Champ champ)
     }
     if (!naissance)
         return;
-    if (date->year() > m_annee - 16)
+    const double annee = Val(fin(texte, 4));
+    if (annee > static_cast<double>(m_annee - 16))
         signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de moins de 15 ans");
-    else if (date->year() < m_annee - 85)
+    else if (annee < static_cast<double>(m_annee - 85))
         signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de plus de 85 ans");
 }
 
@@ -538,14 +543,13 @@ bool ValidateurDas::CtrlDureeDates()
     const double jours = est(valeur(TypeEntreeSortie), u'E')
                              ? static_cast<double>(date.daysTo(jour(m_lendemainCampagne, periodeCampagne)))
                              : static_cast<double>(jour(m_debutCampagne, periodeCampagne).daysTo(date));
-    const double duree = Val(valeur(DureeTravaillee));
     const QStringView unite = valeur(TypeDuree);
     if (est(unite, u'M'))
-        return jours >= 26 * duree;
+        return jours >= 26 * m_duree;
     if (est(unite, u'J'))
-        return jours >= duree;
+        return jours >= m_duree;
     if (est(unite, u'H'))
-        return jours * 8 >= duree;
+        return jours * 8 >= m_duree;
     return true;
 }
 

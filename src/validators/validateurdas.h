@@ -107,6 +107,7 @@ private:
     std::optional<QDate> m_lendemainCampagne;
 
     std::array<QStringView, NombreChamps> m_champs;
+    double m_duree = 0;            ///< the time worked of the running line
     std::optional<QDate> m_dateES; ///< the day of the entry or leaving, as the line has it
     qint64 nbSSValides = 0;
     qint64 nbNationaux = 0;
