@@ -14,10 +14,9 @@ bool CarNumeriques(QStringView texte)
 
 bool SansChiffre(QStringView texte)
 {
-    bool trouve = false;
-    for (const QChar c : texte)
-        trouve |= estChiffre(c) || c == u'.' || c == u',';
-    return !trouve;
+    // Letters are all behind the digits.
+    return std::all_of(texte.begin(), texte.end(),
+                       [](QChar c) { return c > u'9' || (c < u'0' && c != u'.' && c != u','); });
 }
 
 void CadrerBlancs(QString &texte)
