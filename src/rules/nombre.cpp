@@ -246,7 +246,9 @@ double Val(QStringView texte)
         signePossible = false;
     }
     if (chiffres <= chiffresMax && (decimales == 0 || compte <= exactMax)) {
-        const double valeur = static_cast<double>(compte) / puissances[decimales];
+        double valeur = static_cast<double>(compte);
+        if (decimales > 0)
+            valeur /= puissances[decimales];
         return negatif ? -valeur : valeur;
     }
 

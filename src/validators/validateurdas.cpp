@@ -440,7 +440,6 @@ void ValidateurDas::ctrlEntreeSortie()
 void ValidateurDas::CtrlDate(Champ champ)
 {
     const QStringView texte = valeur(champ);
-    const QStringView nomChamp = label(champ);
     const bool naissance = champ == DateNaissance;
     const auto date = dateDe(texte);
     if (!naissance)
@@ -448,32 +447,32 @@ void ValidateurDas::CtrlDate(Champ champ)
     if (texte.isEmpty()) {
         // The blank behind "Ligne N°:" belongs to the date of birth alone.
         signaler(Classe::RejetDur,
-                 prefixeNoms(naissance ? u" " : u"") + u"  -  "_s + nomChamp + u" est Vide"_s,
-                 naissance ? QString(nomChamp + u" est Vide"_s) : QString(nomChamp + u" =  est vide "_s));
+                 prefixeNoms(naissance ? u" " : u"") + u"  -  "_s + label(champ) + u" est Vide"_s,
+                 naissance ? QString(label(champ) + u" est Vide"_s)
+                           : QString(label(champ) + u" =  est vide "_s));
         return;
     }
     if (!date) {
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide);
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide);
         return;
     }
     if (!naissance)
         return;
     const double annee = Val(fin(texte, 4));
     if (annee > static_cast<double>(m_annee - 16))
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de moins de 15 ans");
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de moins de 15 ans");
     else if (annee < static_cast<double>(m_annee - 85))
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de plus de 85 ans");
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de plus de 85 ans");
 }
 
 void ValidateurDas::CtrlTexte(Champ champ)
 {
     QStringView &texte = valeur(champ);
-    const QStringView nomChamp = label(champ);
     switch (champ) {
     case Nom:
     case Prenom:
         if (texte.isEmpty() || !SansChiffre(texte)) {
-            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            const QString mots = label(champ) + u" est Vide ou incorrecte"_s;
             signaler(Classe::RejetDur,
                      prefixe() + u"  -  Nom : "_s + valeur(Nom) + u"  - Prénom: "_s + valeur(Prenom) +
                          u"  -  "_s + mots,
@@ -485,22 +484,22 @@ void ValidateurDas::CtrlTexte(Champ champ)
     case PrenomMere:
         if (texte.isEmpty() || !SansChiffre(texte)) {
             // The father's first name stands in the entry of all three: that is required.
-            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            const QString mots = label(champ) + u" est Vide ou incorrecte"_s;
             signaler(Classe::SansIncidence,
                      prefixe() + u"  -  Prenom Pére : "_s + valeur(PrenomPere) + u"  -  "_s + mots, mots);
         }
         break;
     case Nationalite:
         if (texte.isEmpty()) {
-            signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + nomChamp + u" est Vide"_s,
-                     nomChamp + u" =  est Vide"_s);
+            signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + label(champ) + u" est Vide"_s,
+                     label(champ) + u" =  est Vide"_s);
             texte = u"004";
         }
         break;
     case Adresse:
         if (texte.size() < 15) {
             signaler(Classe::RejetDur, prefixe() + u"  -  Adresse : "_s + texte + u"  Vide ou non valide"_s,
-                     nomChamp + u" Vide ou non valide"_s);
+                     label(champ) + u" Vide ou non valide"_s);
         }
         break;
     case CompteCCP:
