@@ -99,6 +99,7 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
                 surAvancement(m_lus, std::max(m_total, m_lus));
         }
     }
+    m_lus = lecteur.octetsLus();
 
     dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
                         QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +
