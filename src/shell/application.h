@@ -9,7 +9,7 @@ class DernierRecours;
 class Application : public QApplication
 {
 public:
-    using QApplication::QApplication;
+    Application(int &argc, char **argv);
 
     void proteger(DernierRecours *dernierRecours) { m_dernierRecours = dernierRecours; }
     bool notify(QObject *recepteur, QEvent *evenement) override;

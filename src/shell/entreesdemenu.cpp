@@ -32,9 +32,9 @@ constexpr EntreeDeMenu Entrees[] = {
     {u"wTransLgDac", u"Transfert Ligne Dac", 0, u"wdecmentrim", {}, Permise, QStyle::SP_ArrowRight},
 
     {u"woutil", u"&Outils", 0, nullptr, SousMenu},
-    {u"wvalidate", u"Validation du fichier DAS", 'O', u"woutil", {}, Permise, QStyle::SP_DialogApplyButton},
-    {u"wValidListNom", u"Validation du Fichier Liste Nominative", 0, u"woutil", {}, Permise, QStyle::SP_DialogApplyButton},
-    {u"wValideDac", u"Validation de la DAC NOMINATIVE", 0, u"woutil", {}, Eteinte, QStyle::SP_DialogApplyButton},
+    {u"wvalidate", u"Validation du fichier DAS", 'O', u"woutil", {}, Permise, QStyle::SP_FileDialogInfoView},
+    {u"wValidListNom", u"Validation du Fichier Liste Nominative", 0, u"woutil", {}, Permise, QStyle::SP_FileDialogInfoView},
+    {u"wValideDac", u"Validation de la DAC NOMINATIVE", 0, u"woutil", {}, Eteinte, QStyle::SP_FileDialogInfoView},
     // "Générerateur" is meant: the entry is known by that name.
     {u"wGen", u"Générerateur de clés", 0, u"woutil", {}, Eteinte},
 

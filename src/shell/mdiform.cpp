@@ -1,19 +1,25 @@
 #include "mdiform.h"
 
+#include "base.h"
 #include "centrer.h"
+#include "demarrage.h"
 #include "dernierrecours.h"
 #include "dialogue.h"
 #include "entreesdemenu.h"
 #include "etatsfenetres.h"
 #include "fenetrefille.h"
+#include "nombre.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 
 #include <memory>
 
@@ -21,7 +27,7 @@ using namespace Qt::StringLiterals;
 
 MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours, BornesDePeriode &bornes,
                  const RegistreFenetres &fenetres)
-    : m_contexte{base, dialogue, dernierRecours, bornes, *this}, m_aire(new QMdiArea)
+    : m_contexte{base, dialogue, dernierRecours, bornes, *this}, m_aire(new QMdiArea), m_chemin(new QLabel)
 {
     setObjectName(u"MDIForm"_s);
     setWindowTitle(TitreApplication + u' ' + QLatin1String(DAS_VERSION));
@@ -31,10 +37,32 @@ MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours,
     m_aire->setAccessibleName(u"Fenêtres ouvertes"_s);
     m_aire->setBackground(palette().color(QPalette::Window).darker(112));
     setCentralWidget(m_aire);
+    m_chemin->setObjectName(u"LabBase"_s);
+    m_chemin->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_chemin->setContentsMargins(6, 0, 6, 0);
+    statusBar()->addWidget(m_chemin);
     faireLeMenu(fenetres);
     qApp->installEventFilter(this);
     if (!reprendreGeometrie(*this))
         resize(QSize(1100, 720).boundedTo(screen()->availableSize()));
+}
+
+void MDIForm::charger()
+{
+    DernierRecours &recours = m_contexte.dernierRecours;
+    bool finProgramme = false;
+    recours.agir([&] {
+        const Demarrage demarrage = Demarrer(m_contexte.base, m_contexte.dialogue);
+        finProgramme = demarrage.issue == Demarrage::FinProgramme;
+        permettre(u"wdas"_s, demarrage.wdasPermis);
+    });
+    if (finProgramme) {
+        QCoreApplication::exit(0);
+        return;
+    }
+    recours.agir(DetecterDecimale);
+    if (m_contexte.base.Cnx.estOuverte())
+        m_chemin->setText(u"Base de données : "_s + QDir::toNativeSeparators(m_contexte.base.Cnx.chemin()));
 }
 
 void MDIForm::faireLeMenu(const RegistreFenetres &fenetres)

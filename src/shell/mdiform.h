@@ -8,6 +8,7 @@
 
 #include <map>
 
+class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 
@@ -46,5 +47,6 @@ private:
 
     Contexte m_contexte;
     QMdiArea *m_aire;
+    QLabel *m_chemin;
     std::map<QString, Entree> m_entrees;
 };

@@ -1,12 +1,18 @@
 #include "application.h"
+#include "base.h"
 #include "calendrier.h"
+#include "demarrage.h"
 #include "dernierrecours.h"
 #include "dialoguescenario.h"
 #include "erreurs.h"
 #include "francais.h"
+#include "lieux.h"
 #include "mdiform.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -16,16 +22,15 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
-
-class Base
-{
-};
 
 namespace {
 
@@ -60,6 +65,18 @@ protected:
     }
 };
 
+/// A home folder of its own.
+class Foyer
+{
+public:
+    Foyer() : m_avant(qgetenv("HOME")) { qputenv("HOME", m_dossier.path().toUtf8()); }
+    ~Foyer() { qputenv("HOME", m_avant); }
+
+private:
+    QTemporaryDir m_dossier;
+    QByteArray m_avant;
+};
+
 } // namespace
 
 class TestShell : public QObject
@@ -69,16 +86,31 @@ class TestShell : public QObject
     DialogueScenario m_dialogue;
     Base m_base;
     int m_annulations = 0;
-    DernierRecours m_recours{m_dialogue, [this] { ++m_annulations; }};
+    DernierRecours m_recours{m_dialogue, [this] {
+                                 ++m_annulations;
+                                 m_base.Cnx.annulerTransaction();
+                             }};
     BornesDePeriode m_bornes;
     RegistreFenetres m_fenetres;
     bool m_autorisee = true;
 
-    std::unique_ptr<MDIForm> ouvrirProgramme()
+    std::unique_ptr<MDIForm> ouvrirProgramme() { return ouvrirProgramme(m_base); }
+
+    std::unique_ptr<MDIForm> ouvrirProgramme(Base &base)
     {
-        auto principale = std::make_unique<MDIForm>(m_base, m_dialogue, m_recours, m_bornes, m_fenetres);
+        auto principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, m_fenetres);
         principale->show();
         return principale;
+    }
+
+    /// Runs the Load handler as the program does. @return the exit code, -1 when the program goes on
+    static int charger(MDIForm &principale)
+    {
+        QTimer::singleShot(0, &principale, [&] {
+            principale.charger();
+            QTimer::singleShot(0, &principale, [] { QCoreApplication::exit(-1); });
+        });
+        return QCoreApplication::exec();
     }
 
     static QAction *entree(const MDIForm &principale, const QString &nom)
@@ -245,6 +277,20 @@ private slots:
         QVERIFY(feuille(*principale, u"Frm_imp"_s));
     }
 
+    void fenetreSuivanteActive()
+    {
+        const auto principale = ouvrirProgramme();
+        QVERIFY(QTest::qWaitForWindowActive(principale.get()));
+        entree(*principale, u"wvalidate"_s)->trigger();
+        entree(*principale, u"wImp"_s)->trigger();
+        auto *aire = principale->findChild<QMdiArea *>();
+        QCOMPARE(aire->activeSubWindow()->widget(), feuille(*principale, u"Frm_imp"_s));
+        feuille(*principale, u"Frm_imp"_s)->close();
+        QTRY_COMPARE(aire->subWindowList().size(), 1);
+        QVERIFY(aire->activeSubWindow());
+        QCOMPARE(aire->activeSubWindow()->widget(), feuille(*principale, u"FrmDasValide"_s));
+    }
+
     void permettre()
     {
         const auto principale = ouvrirProgramme();
@@ -291,6 +337,103 @@ private slots:
         ouverte->peintureEchoue = false;
         QCoreApplication::processEvents();
         QVERIFY(m_dialogue.acheve());
+    }
+
+    void demarrages_data()
+    {
+        // What is done to a fresh database, what the clerk is told, and how the program ends (-1: it goes
+        // on).
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QString>("information");
+        QTest::addColumn<int>("sortie");
+        QTest::addColumn<bool>("wdas");
+        QTest::newRow("fresh") << QString() << QString() << -1 << false;
+        QTest::newRow("with a campaign only")
+            << u"INSERT INTO annee (annee) VALUES (2024)"_s << QString() << -1 << false;
+        QTest::newRow("with a campaign and an employer")
+            << u"INSERT INTO annee (annee) VALUES (2024);INSERT INTO employeur (num_emp) VALUES ('12345678')"_s
+            << QString() << -1 << true;
+        QTest::newRow("without nationalities")
+            << u"DROP TABLE Nationalite"_s
+            << u"table Nationalité crée, Veuillez relancer une seconde fois l'application, SVP"_s << 0
+            << false;
+    }
+
+    void demarrages()
+    {
+        QFETCH(QString, sql);
+        QFETCH(QString, information);
+        QFETCH(int, sortie);
+        QFETCH(bool, wdas);
+        const Foyer foyer;
+        {
+            Base base;
+            Demarrer(base, m_dialogue);
+            for (const QString &ordre : sql.split(u';', Qt::SkipEmptyParts))
+                base.Cnx.definir(ordre);
+        }
+        Base base;
+        auto principale = ouvrirProgramme(base);
+        if (!information.isEmpty())
+            m_dialogue.attendreInformation(information);
+        QCOMPARE(charger(*principale), sortie);
+        if (sortie < 0) {
+            QCOMPARE(entree(*principale, u"wdas"_s)->isEnabled(), wdas);
+            QVERIFY(entree(*principale, u"wvalidate"_s)->isEnabled());
+            QVERIFY(principale->findChild<QLabel *>(u"LabBase"_s)->text().endsWith(u"das.mdb"_s));
+        }
+    }
+
+    void baseIllisible()
+    {
+        const Foyer foyer;
+        QVERIFY(QDir::home().mkpath(u"DAS_KORVANDEL/Data"_s));
+        QFile fichier(cheminBase());
+        QVERIFY(fichier.open(QIODevice::WriteOnly));
+        fichier.write(QByteArray(5000, 'x'));
+        fichier.close();
+
+        class Temoin : public DialogueScenario
+        {
+        public:
+            QList<Boite> boites;
+
+        protected:
+            bool montrer(const Boite &boite) override
+            {
+                boites << boite;
+                return true;
+            }
+        } dialogue;
+        Base base;
+        DernierRecours recours(dialogue, {});
+        MDIForm principale(base, dialogue, recours, m_bornes, m_fenetres);
+        principale.show();
+        QCOMPARE(charger(principale), 1);
+        QCOMPARE(dialogue.boites.size(), 1);
+        QCOMPARE(dialogue.boites[0].icone, Icone::Critique);
+        QVERIFY2(dialogue.boites[0].texte.contains(QDir::toNativeSeparators(cheminBase())),
+                 qPrintable(dialogue.boites[0].texte));
+        QVERIFY(fichier.open(QIODevice::ReadOnly));
+        QCOMPARE(fichier.readAll(), QByteArray(5000, 'x'));
+    }
+
+    void echecDansUneTransaction()
+    {
+        const Foyer foyer;
+        Base base;
+        auto principale = ouvrirProgramme(base);
+        QCOMPARE(charger(*principale), -1);
+        DernierRecours recours(m_dialogue, [&base] { base.Cnx.annulerTransaction(); });
+        m_dialogue.attendreCritique(u"échec"_s);
+        std::optional<Transaction> oubliee; // outlives the action, as the guard of a stopped action would not
+        recours.agir([&] {
+            oubliee.emplace(base.Cnx);
+            base.Cnx.executer(u"INSERT INTO annee (annee) VALUES (2031)"_s);
+            throw ErreurBase(u"échec"_s);
+        });
+        QVERIFY(!base.Cnx.enTransaction());
+        QVERIFY(!base.Cnx.existe(u"SELECT 1 FROM annee"_s));
     }
 
     void fermerTout()
