@@ -3,6 +3,9 @@
 #include "calendrier.h"
 #include "dernierrecours.h"
 #include "dialogueqt.h"
+#include "fenetrescampagnes.h"
+#include "fenetresnationalites.h"
+#include "fenetresoutils.h"
 #include "fenetresvalidateurs.h"
 #include "francais.h"
 #include "mdiform.h"
@@ -20,7 +23,10 @@ int main(int argc, char **argv)
     application.proteger(&dernierRecours);
     BornesDePeriode bornes;
     RegistreFenetres fenetres;
+    ajouterFenetresCampagnes(fenetres);
+    ajouterFenetresNationalites(fenetres);
     ajouterFenetresValidateurs(fenetres);
+    ajouterFenetresOutils(fenetres);
 
     MDIForm principale(base, dialogue, dernierRecours, bornes, fenetres);
     principale.show();
