@@ -1,7 +1,6 @@
 #include "fenetretable.h"
 
 #include "contexte.h"
-#include "fermer.h"
 #include "focus.h"
 #include "recordset.h"
 
@@ -15,7 +14,7 @@ void FenetreTable::relier(const Controles &controles, const QList<ColonneGrille>
 {
     controles.grille->lier(m_recordset, colonnes, m_dernierRecours);
     marquerFermeture(*controles.fermer);
-    surClic(controles.fermer, [this] { fermerFeuille(*this); });
+    surClic(controles.fermer, [this] { close(); });
     if (controles.modifier)
         connect(controles.grille, &Grille::modificationDemandee, controles.modifier, &QAbstractButton::click);
     if (controles.supprimer)
