@@ -3,6 +3,7 @@
 #include "calendrier.h"
 #include "dernierrecours.h"
 #include "dialogueqt.h"
+#include "fenetresemployeurs.h"
 #include "fenetresvalidateurs.h"
 #include "francais.h"
 #include "mdiform.h"
@@ -20,6 +21,7 @@ int main(int argc, char **argv)
     application.proteger(&dernierRecours);
     BornesDePeriode bornes;
     RegistreFenetres fenetres;
+    ajouterFenetresEmployeurs(fenetres);
     ajouterFenetresValidateurs(fenetres);
 
     MDIForm principale(base, dialogue, dernierRecours, bornes, fenetres);
