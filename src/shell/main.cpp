@@ -4,6 +4,7 @@
 #include "dernierrecours.h"
 #include "dialogueqt.h"
 #include "fenetrescampagnes.h"
+#include "fenetresemployeurs.h"
 #include "fenetresnationalites.h"
 #include "fenetresoutils.h"
 #include "fenetresvalidateurs.h"
@@ -25,6 +26,7 @@ int main(int argc, char **argv)
     RegistreFenetres fenetres;
     ajouterFenetresCampagnes(fenetres);
     ajouterFenetresNationalites(fenetres);
+    ajouterFenetresEmployeurs(fenetres);
     ajouterFenetresValidateurs(fenetres);
     ajouterFenetresOutils(fenetres);
 
