@@ -100,6 +100,9 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
         }
     }
     m_lus = lecteur.octetsLus();
+    // A file that shrank meanwhile may end between two lines: its verdict would be that of another file.
+    if (m_lus < m_total)
+        throw ErreurFichier(u"Le fichier a été raccourci pendant sa lecture."_s);
 
     dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
                         QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +
