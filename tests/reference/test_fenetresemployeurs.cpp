@@ -278,6 +278,7 @@ private slots:
         dans(u"Command1", u"mod_emp"_s, [&](QWidget &saisie) {
             QCOMPARE(texte(saisie, u"num_empmask"), u"12345678"_s);
             QCOMPARE(texte(saisie, u"clemask"), u"47"_s);
+            QCOMPARE(trouver<QLineEdit>(saisie, u"num_empmask").selectedText(), u"12345678"_s);
             m_dialogue->attendreAvertissement(u"Aucun Elément à Modifier"_s);
             cliquer(saisie, u"OKButton");
             QVERIFY(saisie.isVisible());

@@ -44,7 +44,7 @@ void add_emp::creer()
         m_champs.reprendre(*refus);
         return;
     }
-    if (!base.RsAnnee.vide())
+    if (base.RsAnnee.estOuvert() && !base.RsAnnee.vide())
         m_contexte.menu.permettre(u"wdas"_s, true);
 
     accept();

@@ -17,6 +17,7 @@ mod_bnq::mod_bnq(Contexte &contexte, QWidget *parent)
     m_ui->CodeBnq->setInvite(u" "_s);
     m_champs.ecrire(lireFicheBanque(contexte.base.RsBanque.courant()));
     m_lue = m_champs.lire();
+    m_champs.reprendre(ChampBanque::CodeBnq);
     relier(m_ui->OKButton, m_ui->CancelButton);
     surSortie(*m_ui->CodeBnq, contexte.dernierRecours, [this] { m_champs.quitterCode(m_contexte.dialogue); });
     surClic(m_ui->OKButton, [this] { modifier(); });

@@ -17,6 +17,7 @@ mod_emp::mod_emp(Contexte &contexte, QWidget *parent)
     m_champs.preparer(u" "_s);
     m_champs.ecrire(lireFicheEmployeur(contexte.base.RsEmployeur.courant()));
     m_lue = m_champs.lire();
+    m_champs.reprendre(ChampEmployeur::num_empmask);
     relier(m_ui->OKButton, m_ui->CancelButton);
     surSortie(*m_ui->clemask, contexte.dernierRecours, [this] {
         if (const RefusEmployeur refus = CtrlCleEmployeurModifie(m_champs.lire(), m_contexte.dialogue))
