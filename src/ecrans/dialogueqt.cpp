@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSpacerItem>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +72,17 @@ void defilerSiTropHaut(QMessageBox &boite)
     defile->setMinimumSize(qMin(large, boite.screen()->availableGeometry().width() * 6 / 10), haut);
 }
 
+/// A box with a short text is as wide as its title needs.
+void laisserLaPlaceDuTitre(QMessageBox &boite)
+{
+    auto *grille = qobject_cast<QGridLayout *>(boite.layout());
+    if (!grille)
+        return;
+    const int boutonsDuCadre = 140;
+    const int large = boite.fontMetrics().horizontalAdvance(boite.windowTitle()) * 5 / 4 + boutonsDuCadre;
+    grille->addItem(new QSpacerItem(large, 0), grille->rowCount(), 0, 1, grille->columnCount());
+}
+
 QString dossier(const QString &cle)
 {
     const QString dernier = reglages().value(cle).toString();
@@ -114,6 +126,7 @@ bool DialogueQt::montrer(const Boite &boite)
         fenetre.button(second)->setText(boite.boutons == Boutons::OuiNon ? u"&Non"_s : u"Annuler"_s);
     fenetre.setDefaultButton(seule || boite.premierParDefaut ? premier : second);
     defilerSiTropHaut(fenetre);
+    laisserLaPlaceDuTitre(fenetre);
     return fenetre.exec() == premier;
 }
 

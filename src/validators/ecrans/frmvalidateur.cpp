@@ -3,7 +3,6 @@
 #include "contexte.h"
 #include "dernierrecours.h"
 #include "dialogue.h"
-#include "fermer.h"
 #include "impression.h"
 #include "impressiontexte.h"
 #include "modeleerreurs.h"
@@ -12,13 +11,13 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTabWidget>
 #include <QTableView>
 
@@ -79,7 +78,7 @@ void FrmValidateur::relier()
     surClic(u"CmdExtFichier"_s, [this] { extraire(); });
     surClic(u"CmdImprimer"_s, [this] { imprimer(m_validateur->rejets); });
     surClic(u"CmdImprimerOK"_s, [this] { imprimer(m_validateur->sansIncidence); });
-    surClic(u"cmdexit"_s, [this] { fermerFeuille(*this); });
+    surClic(u"cmdexit"_s, [this] { close(); });
 }
 
 void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
@@ -106,8 +105,19 @@ void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
             });
     connect(modele, &QAbstractItemModel::modelReset, detail, &QPlainTextEdit::clear);
 
-    auto *copie = new QShortcut(QKeySequence::Copy, table, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(copie, &QShortcut::activated, table, [table] { copierEntrees(*table); });
+    table->installEventFilter(this);
+}
+
+bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
+{
+    if (evenement->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(evenement)->matches(QKeySequence::Copy)) {
+        if (const auto *table = qobject_cast<QTableView *>(objet)) {
+            copierEntrees(*table);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(objet, evenement);
 }
 
 void FrmValidateur::extraire()

@@ -32,6 +32,8 @@ protected:
     /// To be called once the controls are there.
     void relier();
 
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
 private:
     void relierListe(const QString &nom, const ListesErreurs &listes);
     void extraire();
