@@ -3,6 +3,7 @@
 #include "base.h"
 #include "contexte.h"
 #include "dernierrecours.h"
+#include "focus.h"
 #include "importsalaries.h"
 #include "ui_frmimpsal.h"
 
@@ -21,6 +22,7 @@ constexpr qint64 pas = 50;
 FrmImpSal::FrmImpSal(Contexte &contexte) : m_contexte(contexte), m_ui(std::make_unique<Ui::FrmImpSal>())
 {
     m_ui->setupUi(this);
+    boutonsParEntree(*this);
     contexte.dernierRecours.connecter(m_ui->CmdImport, &QAbstractButton::clicked, this, &FrmImpSal::importer);
     connect(m_ui->Command1, &QAbstractButton::clicked, this, &QWidget::close);
 }
