@@ -7,6 +7,7 @@
 #include "fenetresemployeurs.h"
 #include "fenetresnationalites.h"
 #include "fenetresoutils.h"
+#include "fenetressalaries.h"
 #include "fenetresvalidateurs.h"
 #include "francais.h"
 #include "mdiform.h"
@@ -25,6 +26,7 @@ int main(int argc, char **argv)
     BornesDePeriode bornes;
     RegistreFenetres fenetres;
     ajouterFenetresCampagnes(fenetres);
+    ajouterFenetresSalaries(fenetres);
     ajouterFenetresNationalites(fenetres);
     ajouterFenetresEmployeurs(fenetres);
     ajouterFenetresValidateurs(fenetres);
