@@ -37,10 +37,13 @@ QByteArrayView raccourcir(QByteArrayView octets, int nombre)
 
 void CumulSalaires::ajouter(double entier, int centiemes)
 {
-    constexpr double limite = 1e13;
+    constexpr double limite = 1e15;
     constexpr qint64 comble = std::numeric_limits<qint64>::max() / 2;
     if (std::abs(entier) >= limite || m_centiemes > comble || m_centiemes < -comble) {
-        m_debordement += entier + centiemes / 100.0;
+        const double debordement = m_debordement + entier + centiemes / 100.0;
+        if (!std::isfinite(debordement))
+            throw ErreurConversion(u"Dépassement de capacité : le total des salaires est trop grand."_s);
+        m_debordement = debordement;
         return;
     }
     m_centiemes += static_cast<qint64>(entier) * 100 + centiemes;

@@ -5,8 +5,6 @@
 
 #include <QLocale>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -43,7 +41,7 @@ QByteArray membre(const char *nom, const QByteArray &valeur)
 
 QByteArray nombre(double valeur)
 {
-    return std::isfinite(valeur) ? QByteArray::number(valeur, 'g', QLocale::FloatingPointShortest) : "null";
+    return QByteArray::number(valeur, 'g', QLocale::FloatingPointShortest);
 }
 
 const char *nomIcone(Icone icone)
