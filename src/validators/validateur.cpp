@@ -74,9 +74,8 @@ Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &di
         return interrompre(u"Aucun fichier n'a été sélectionné !!!"_s);
     if (!m_nomFichier.endsWith(u".TXT"))
         return interrompre(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s);
-    if (!source.isOpen() && !source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw ErreurFichier(
-            u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, source.errorString()));
+    if (!source.isOpen())
+        ouvrir(source, nom);
     m_total = source.size();
     LecteurLignes lecteur(source);
     try {
