@@ -2,18 +2,38 @@
 
 #include "dialogue.h"
 #include "erreurs.h"
-#include "nombre.h"
 #include "texte.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Numbers and addresses are too short for a vectorised search to pay.
+bool contient(QStringView texte, QChar c) { return std::find(texte.begin(), texte.end(), c) != texte.end(); }
 
 int valeurChiffre(QChar c, QStringView numero)
 {
     if (!estChiffre(c))
         throw ErreurConversion(u"« %1 » n'est pas fait de chiffres seuls."_s.arg(numero));
     return c.unicode() - u'0';
+}
+
+/// The key of an employer or social-security number: negative where its digits are large.
+int cleSS(QStringView numero)
+{
+    int somme = 0;
+    for (qsizetype i = 0; i < numero.size(); ++i)
+        somme += valeurChiffre(numero[i], numero) * (i % 2 == 0 ? 2 : 1);
+    return 99 - somme;
+}
+
+/// Whether the text is the two digits of this number.
+bool estDeuxChiffres(QStringView texte, int nombre)
+{
+    return texte.size() == 2 && nombre >= 0 && texte[0] == QChar(u'0' + nombre / 10) &&
+           texte[1] == QChar(u'0' + nombre % 10);
 }
 
 QString cleDeSomme(int somme)
@@ -57,7 +77,7 @@ enum class FauteTelephone { Aucune, Souligne, PremierChiffre, LigneFixe, LigneMo
 
 FauteTelephone fauteTelephone(QStringView texte)
 {
-    if (texte.contains(u'_'))
+    if (contient(texte, u'_'))
         return FauteTelephone::Souligne;
     if (texte.isEmpty() || texte[0] != u'0')
         return FauteTelephone::PremierChiffre;
@@ -76,10 +96,10 @@ enum class FauteMail { Aucune, Arobase, Point };
 
 FauteMail fauteMail(QStringView texte)
 {
-    if (!texte.isEmpty() && !texte.contains(u'@'))
+    if (!texte.isEmpty() && !contient(texte, u'@'))
         return FauteMail::Arobase;
     // A point farther than four characters from the end counts for nothing, an empty text has none.
-    if (!texte.last(std::min<qsizetype>(texte.size(), 4)).contains(u'.'))
+    if (!contient(texte.last(std::min<qsizetype>(texte.size(), 4)), u'.'))
         return FauteMail::Point;
     return FauteMail::Aucune;
 }
@@ -88,12 +108,15 @@ FauteMail fauteMail(QStringView texte)
 
 QString CleSS(QStringView numero)
 {
-    int somme = 0;
-    for (qsizetype i = 0; i < numero.size(); ++i)
-        somme += valeurChiffre(numero[i], numero) * (i % 2 == 0 ? 2 : 1);
-    const int cle = 99 - somme;
+    const int cle = cleSS(numero);
     const QString texte = QString::number(cle);
     return cle < 10 ? QString(u'0' + texte) : texte;
+}
+
+bool CleSSJuste(QStringView numeroAvecCle)
+{
+    const qsizetype corps = std::max<qsizetype>(numeroAvecCle.size() - 2, 0);
+    return estDeuxChiffres(numeroAvecCle.sliced(corps), cleSS(numeroAvecCle.first(corps)));
 }
 
 QString CleCCP(QString &corps)
@@ -121,13 +144,15 @@ bool CtrlCompteCCP(QStringView &compte)
         return false;
     if (propre.size() == 20)
         return propre.startsWith(u"007") && resteRIB(propre.sliced(3)) == 0;
-    return cleDeSomme(sommeCCP(propre.chopped(2))) == propre.last(2);
+    // A key below 10 has a blank in front, which no text of digits equals.
+    const int somme = sommeCCP(propre.chopped(2));
+    return somme >= 10 && estDeuxChiffres(propre.last(2), somme % 100);
 }
 
 bool CtrlRIP(QStringView compte)
 {
-    return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0 &&
-           Val(compte) != 0;
+    // With this prefix a number is never zero.
+    return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0;
 }
 
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue)

@@ -11,6 +11,10 @@ class Dialogue;
 /// @throws ErreurConversion when a character is no digit
 QString CleSS(QStringView numero);
 
+/// Whether the last two characters are the key of those before them.
+/// @throws ErreurConversion when one of those before them is no digit
+bool CleSSJuste(QStringView numeroAvecCle);
+
 /// Key of a CCP account: the last two characters of the text of the weighted sum of its 8 digits, where a sum
 /// below 10 gives a blank and a digit. The body loses its blanks and gets zeros up to 8 digits, in place.
 /// @throws ErreurConversion when one of the first 8 characters is no digit

@@ -3,6 +3,7 @@
 #include "erreurs.h"
 #include "texte.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -217,32 +218,44 @@ bool EstNumerique(QStringView texte)
 
 double Val(QStringView texte)
 {
-    // Up to 15 digits without a point are summed as they come; they are all that a usual field holds.
+    // What a usual field holds is summed as it comes: 18 digits fit the whole number, and a quotient of two
+    // numbers that are exact as double is the double nearest to the text.
+    constexpr int chiffresMax = 18;
+    constexpr qint64 exactMax = qint64(1) << std::numeric_limits<double>::digits;
+    static constexpr std::array<double, chiffresMax + 1> puissances = {
+        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
     bool negatif = false;
     bool signePossible = true;
-    qint64 entier = 0;
-    int nombre = 0;
+    bool point = false;
+    qint64 compte = 0;
+    int chiffres = 0;
+    std::size_t decimales = 0;
     for (const QChar c : texte) {
         if (c == u' ')
             continue;
-        if (estChiffre(c) && nombre < 15) {
-            entier = entier * 10 + (c.unicode() - u'0');
-            ++nombre;
+        if (estChiffre(c)) {
+            if (++chiffres > chiffresMax)
+                break;
+            compte = compte * 10 + (c.unicode() - u'0');
+            decimales += point;
         } else if (signePossible && (c == u'-' || c == u'+')) {
             negatif = c == u'-';
-        } else if (estChiffre(c) || c == SepDecimal) {
-            nombre = -1;
-            break;
+        } else if (c == SepDecimal && !point) {
+            point = true;
         } else {
             break;
         }
         signePossible = false;
     }
-    if (nombre >= 0)
-        return static_cast<double>(negatif ? -entier : entier);
+    if (chiffres <= chiffresMax && (decimales == 0 || compte <= exactMax)) {
+        double valeur = static_cast<double>(compte);
+        if (decimales > 0)
+            valeur /= puissances[decimales];
+        return negatif ? -valeur : valeur;
+    }
 
     std::string propre;
-    bool point = false;
+    point = false;
     for (const QChar c : texte) {
         if (c == u' ' || (propre.empty() && (c == u'-' || c == u'+')))
             continue;

@@ -14,8 +14,9 @@ bool CarNumeriques(QStringView texte)
 
 bool SansChiffre(QStringView texte)
 {
-    return std::none_of(texte.begin(), texte.end(),
-                        [](QChar c) { return estChiffre(c) || c == u'.' || c == u','; });
+    // Letters are all behind the digits.
+    return std::all_of(texte.begin(), texte.end(),
+                       [](QChar c) { return c > u'9' || (c < u'0' && c != u'.' && c != u','); });
 }
 
 void CadrerBlancs(QString &texte)

@@ -10,6 +10,8 @@ constexpr std::array<char16_t, 32> hauts = {0x20AC, 0x0081, 0x201A, 0x0192, 0x20
                                             0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                             0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+constexpr bool estHaut(unsigned char octet) { return octet >= 0x80 && octet < 0xA0; }
+
 /// The byte of a character, or -1 where the code page lacks it.
 int octetDe(char16_t c)
 {
@@ -33,20 +35,16 @@ std::array<char16_t, 256> capitalesBasses()
     return table;
 }
 
+/// The capital of a character from U+0100 on.
+QChar majusculeRare(QChar c)
+{
+    const QChar haut = c.toUpper();
+    return octetDe(haut.unicode()) >= 0 ? haut : c;
+}
+
 const std::array<char16_t, 256> capitales = capitalesBasses();
 
 } // namespace
-
-QStringView Trim(QStringView texte)
-{
-    qsizetype debut = 0;
-    qsizetype fin = texte.size();
-    while (debut < fin && texte[debut] == u' ')
-        ++debut;
-    while (fin > debut && texte[fin - 1] == u' ')
-        --fin;
-    return texte.sliced(debut, fin - debut);
-}
 
 QString sansBlancs(QStringView texte)
 {
@@ -65,18 +63,20 @@ QStringView sansBlancsFinaux(QStringView texte)
 
 QChar majuscule(QChar c)
 {
-    if (c.unicode() < capitales.size())
-        return capitales[c.unicode()];
-    const QChar haut = c.toUpper();
-    return octetDe(haut.unicode()) >= 0 ? haut : c;
+    return c.unicode() < capitales.size() ? QChar(capitales[c.unicode()]) : majusculeRare(c);
 }
 
 QString majuscules(QStringView texte)
 {
     QString resultat = texte.toString();
-    for (QChar &c : resultat)
-        c = majuscule(c);
+    mettreEnMajuscules({resultat.data(), static_cast<std::size_t>(resultat.size())});
     return resultat;
+}
+
+void mettreEnMajuscules(std::span<QChar> texte)
+{
+    for (QChar &c : texte)
+        c = majuscule(c);
 }
 
 bool chiffresSeuls(QStringView texte)
@@ -111,21 +111,18 @@ void decoder(QByteArrayView octets, char16_t *sortie, bool apostrophesEnBlancs)
     const auto *entree = reinterpret_cast<const unsigned char *>(octets.data());
     const qsizetype taille = octets.size();
 
-    // Two passes: a widening copy, which compilers turn into vector code together with the search for the
-    // few bytes that want more than that, and a second one only over the lines that hold such bytes.
-    unsigned particuliers = 0;
-    const unsigned apostrophe = apostrophesEnBlancs ? u'\'' : 0x80U;
-    for (qsizetype i = 0; i < taille; ++i) {
-        const unsigned octet = entree[i];
-        sortie[i] = static_cast<char16_t>(octet);
-        particuliers |= static_cast<unsigned>(((octet ^ 0x80U) < 0x20U) | (octet == apostrophe));
-    }
+    // Two passes that compilers turn into vector code, and a third one only over the lines that hold
+    // characters of a rank of their own.
+    const char16_t apostrophe = apostrophesEnBlancs ? u' ' : u'\'';
+    for (qsizetype i = 0; i < taille; ++i)
+        sortie[i] = entree[i] == '\'' ? apostrophe : entree[i];
+    unsigned char particuliers = 0;
+    for (qsizetype i = 0; i < taille; ++i)
+        particuliers |= static_cast<unsigned char>(estHaut(entree[i]));
     if (!particuliers)
         return;
     for (qsizetype i = 0; i < taille; ++i) {
-        if (sortie[i] >= 0x80 && sortie[i] < 0xA0)
-            sortie[i] = hauts[sortie[i] - 0x80];
-        else if (apostrophesEnBlancs && sortie[i] == u'\'')
-            sortie[i] = u' ';
+        if (estHaut(entree[i]))
+            sortie[i] = hauts[entree[i] - 0x80];
     }
 }

@@ -3,10 +3,19 @@
 #include <QByteArray>
 #include <QString>
 
+#include <span>
+
 /// The text of the program: characters of the code page windows-1252, one UTF-16 unit each.
 
 /// The text without the blanks (U+0020) at both ends; tabs, underscores and no-break spaces stay.
-QStringView Trim(QStringView texte);
+inline QStringView Trim(QStringView texte)
+{
+    while (texte.startsWith(u' '))
+        texte = texte.sliced(1);
+    while (texte.endsWith(u' '))
+        texte.chop(1);
+    return texte;
+}
 
 /// The text without any blank (U+0020), inner ones included.
 QString sansBlancs(QStringView texte);
@@ -19,6 +28,9 @@ QChar majuscule(QChar c);
 
 /// The text in capitals, character by character, of the same length: é gives É, ß stays.
 QString majuscules(QStringView texte);
+
+/// The same in place.
+void mettreEnMajuscules(std::span<QChar> texte);
 
 /// Whether the character is one of "0123456789" (no other digits of Unicode).
 constexpr bool estChiffre(QChar c) { return c >= u'0' && c <= u'9'; }

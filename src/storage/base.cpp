@@ -27,8 +27,8 @@ QString texteSysteme(std::errc erreur)
 /// An administrator may write where nobody has the right to: the mark on the file counts for him as well.
 bool inscriptible(const QFileInfo &chose)
 {
-    const auto droits = QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
-    return chose.isWritable() && (QFile::permissions(chose.absoluteFilePath()) & droits);
+    const auto droits = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return chose.isWritable() && (chose.permissions() & droits);
 }
 
 /// What can be told without the database engine, which would take an empty file for a new database.
@@ -54,8 +54,10 @@ void examinerFichier(const QString &chemin)
     const QString lectureSeule = u"%1 est en lecture seule.\n(%2)"_s;
     if (!inscriptible(fichier))
         refuser(chemin, lectureSeule.arg(u"Le fichier"_s, texteSysteme(std::errc::permission_denied)));
+#ifdef Q_OS_UNIX // the read-only mark of a folder means something else on Windows
     if (!inscriptible(QFileInfo(fichier.absolutePath())))
         refuser(chemin, lectureSeule.arg(u"Son dossier"_s, texteSysteme(std::errc::permission_denied)));
+#endif
 }
 
 /// Looks at every page. Rows that break a rule of their table are no damage: they are the clerk's to mend.
@@ -109,6 +111,8 @@ void Base::OuvrirBase(const QString &chemin)
         throw;
     } catch (const ErreurBase &erreur) {
         Cnx.fermer();
+        if (erreur.texte().contains(chemin))
+            throw ErreurFatale(erreur.texte());
         refuser(chemin, erreur.texte());
     }
 }

@@ -91,10 +91,10 @@ QString motsDeDoublon(const QString &liste, const QStringList &colonnes, const V
     return u"Une ligne de la table %1 porte déjà cette clé : %2."_s.arg(table, cle.join(u", "));
 }
 
-QString mots(int code, const QString &platforme, const QString &chemin, const QStringList &colonnes,
+QString mots(int code, const QString &texteMoteur, const QString &chemin, const QStringList &colonnes,
              const Valeurs &valeurs)
 {
-    const QString precision = platforme.section(u": "_s, 1);
+    const QString precision = texteMoteur.section(u": "_s, 1);
     switch (code) {
     case ContrainteCheck:
         return motsDeCheck(precision, colonnes, valeurs);
@@ -126,9 +126,9 @@ QString mots(int code, const QString &platforme, const QString &chemin, const QS
     default:
         break;
     }
-    if (platforme.startsWith(u"no such table: "))
+    if (texteMoteur.startsWith(u"no such table: "))
         return u"La table « %1 » n'existe pas."_s.arg(precision);
-    if (platforme.startsWith(u"no such column: "))
+    if (texteMoteur.startsWith(u"no such column: "))
         return u"La colonne « %1 » n'existe pas."_s.arg(precision);
     return u"La base de données a refusé l'opération."_s;
 }
@@ -158,6 +158,7 @@ ErreurSql erreurSql(const QSqlError &erreur, const QString &chemin, const QStrin
                     const Valeurs &valeurs)
 {
     const int code = erreur.nativeErrorCode().toInt();
-    const QString platforme = erreur.databaseText().isEmpty() ? erreur.driverText() : erreur.databaseText();
-    return ErreurSql(u"%1\n(%2)"_s.arg(mots(code, platforme, chemin, colonnes, valeurs), platforme), code);
+    const QString texteMoteur = erreur.databaseText().isEmpty() ? erreur.driverText() : erreur.databaseText();
+    return ErreurSql(u"%1\n(%2)"_s.arg(mots(code, texteMoteur, chemin, colonnes, valeurs), texteMoteur),
+                     code);
 }

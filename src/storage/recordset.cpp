@@ -136,23 +136,38 @@ void Recordset::lireColonnes()
     m_noms = std::make_shared<const QStringList>(std::move(noms));
 }
 
+QString Recordset::ordre() const
+{
+    QStringList colonnes;
+    for (const Tri &tri : m_tri)
+        colonnes += u"[%1] %2"_s.arg(tri.colonne, tri.sens == Qt::AscendingOrder ? u"ASC"_s : u"DESC"_s);
+    colonnes += u"rowid"_s;
+    return colonnes.join(u", ");
+}
+
 Recordset::Rowids Recordset::lireRowids() const
 {
-    QString sql = u"SELECT rowid FROM [%1]"_s.arg(m_table);
-    if (!m_condition.sql.isEmpty())
-        sql += QString(u" WHERE (" + m_condition.sql + u")");
-    QStringList ordre;
-    for (const Tri &tri : m_tri)
-        ordre += u"[%1] %2"_s.arg(tri.colonne, tri.sens == Qt::AscendingOrder ? u"ASC"_s : u"DESC"_s);
-    ordre += u"rowid"_s;
-    sql += QString(u" ORDER BY " + ordre.join(u", "));
-
+    const QString condition = m_condition.sql.isEmpty() ? QString() : u" WHERE (%1)"_s.arg(m_condition.sql);
     Rowids rowids;
     rowids.reserve(m_rowids.size() + 1);
-    Requete requete = m_cnx.lire(sql, m_condition.valeurs);
+    Requete requete = m_cnx.lire(u"SELECT rowid FROM [%1]%2 ORDER BY %3"_s.arg(m_table, condition, ordre()),
+                                 m_condition.valeurs);
     while (requete.suivante())
         rowids.push_back(requete.valeur(0).toLongLong());
     return rowids;
+}
+
+int Recordset::placeDe(qint64 rowid, const Rowids &parmi) const
+{
+    // The database compares two rows at a time, by the very order of the list.
+    const QString sql =
+        u"SELECT rowid FROM [%1] WHERE rowid IN (?, ?) ORDER BY %2 LIMIT 1"_s.arg(m_table, ordre());
+    const auto place =
+        std::lower_bound(parmi.begin(), parmi.end(), rowid, [&](qint64 ligne, qint64 nouvelle) {
+            return m_tri.isEmpty() ? ligne < nouvelle
+                                   : m_cnx.premiere(sql, {ligne, nouvelle}).entier(0) == ligne;
+        });
+    return static_cast<int>(place - parmi.begin());
 }
 
 void Recordset::requery()
@@ -283,17 +298,21 @@ void Recordset::ajouter(const Champs &champs)
     const qint64 rowid = m_cnx.inserer(m_table, champs);
     retenirChangement();
     m_lues.remove(rowid);
-    if (!m_tri.isEmpty() || (!m_rowids.empty() && rowid <= m_rowids.back())) {
-        montrer(lireRowids(), correspond(rowid) ? rowid : rowidCourant());
-        return;
-    }
     if (!correspond(rowid))
         return;
-    const int ligne = static_cast<int>(m_rowids.size());
+    // The engine gives the number of a row deleted behind our back to the next one: the list may still hold
+    // it.
+    const bool surementNeuf = m_rowids.empty() || (m_tri.isEmpty() && rowid > m_rowids.back());
+    if (!surementNeuf && ligneDe(rowid) >= 0) {
+        montrer(lireRowids(), rowid);
+        return;
+    }
+    const int ligne = placeDe(rowid, m_rowids);
     beginInsertRows({}, ligne, ligne);
-    m_rowids.push_back(rowid);
+    m_rowids.insert(m_rowids.begin() + ligne, rowid);
+    m_courante = ligne;
     endInsertRows();
-    allerA(ligne);
+    emit ligneCouranteChangee(m_courante);
 }
 
 QString Recordset::inchangee(const QVariantList &lues, const QStringList &aussi, Valeurs &valeurs) const
@@ -313,15 +332,14 @@ QString Recordset::inchangee(const QVariantList &lues, const QStringList &aussi,
 void Recordset::refuserChangee()
 {
     requery();
-    throw ErreurBase(
-        u"Cette ligne de la table « %1 » a été modifiée ou supprimée entre-temps par un autre programme. "
-        "La liste a été relue ; veuillez recommencer."_s.arg(m_table));
+    throw ErreurBase(u"Cette ligne de la table « %1 » a été modifiée ou supprimée depuis qu'elle a été lue. "
+                     "La liste a été relue ; veuillez recommencer."_s.arg(m_table));
 }
 
 void Recordset::modifier(const Champs &champs)
 {
     exigerOuvert();
-    const QVariantList lues = courant().estVide() ? QVariantList() : brutes(m_courante);
+    const QVariantList lues = brutes(m_courante);
     if (lues.isEmpty())
         refuserChangee();
 
@@ -341,20 +359,39 @@ void Recordset::modifier(const Champs &champs)
     retenirChangement();
 
     m_lues.remove(rowid);
-    const bool ordreTouche = std::any_of(m_tri.begin(), m_tri.end(), [&](const Tri &tri) {
-        return noms.contains(tri.colonne, Qt::CaseInsensitive);
-    });
-    if (ordreTouche || !correspond(rowid)) {
+    if (!correspond(rowid)) {
         requery();
         return;
     }
+    const bool ordreTouche = std::any_of(m_tri.begin(), m_tri.end(), [&](const Tri &tri) {
+        return noms.contains(tri.colonne, Qt::CaseInsensitive);
+    });
+    if (ordreTouche)
+        deplacerCourante();
     emit dataChanged(index(m_courante, 0), index(m_courante, columnCount() - 1));
+}
+
+void Recordset::deplacerCourante()
+{
+    const qint64 rowid = rowidCourant();
+    const int avant = m_courante;
+    Rowids autres = m_rowids;
+    autres.erase(autres.begin() + avant);
+    const int apres = placeDe(rowid, autres);
+    if (apres == avant)
+        return;
+    beginMoveRows({}, avant, avant, {}, apres > avant ? apres + 1 : apres);
+    m_rowids = std::move(autres);
+    m_rowids.insert(m_rowids.begin() + apres, rowid);
+    m_courante = apres;
+    endMoveRows();
+    emit ligneCouranteChangee(m_courante);
 }
 
 void Recordset::supprimer()
 {
     exigerOuvert();
-    const QVariantList lues = courant().estVide() ? QVariantList() : brutes(m_courante);
+    const QVariantList lues = brutes(m_courante);
     if (lues.isEmpty())
         refuserChangee();
     Valeurs valeurs;

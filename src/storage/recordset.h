@@ -118,8 +118,12 @@ private:
 
     void exigerOuvert() const;
     void lireColonnes();
+    /// The ORDER BY of the list: its columns, then the order of entry.
+    QString ordre() const;
     Rowids lireRowids() const;
-    void rouvrir(const Condition &condition, const QList<Tri> &tri);
+    /// Where the row belongs in a list that is in order.
+    int placeDe(qint64 rowid, const Rowids &parmi) const;
+    void deplacerCourante();
     /// Shows these rows and puts the current row on that rowid, or where it was when it is gone.
     void montrer(Rowids rowids, qint64 rowidCourant);
     qint64 rowidCourant() const;

@@ -30,8 +30,8 @@ QString condition(const Colonne &colonne)
         return u"%1 IS NULL OR typeof(%1) = 'integer' AND %1 BETWEEN -2147483648 AND 2147483647"_s.arg(nom);
     case Genre::Montant: // a count of ten-thousandths
         return u"%1 IS NULL OR typeof(%1) = 'integer'"_s.arg(nom);
-    case Genre::Jour: // date() gives a real day back as it is and turns 31 February into March
-        return u"%1 IS date(%1)"_s.arg(nom);
+    case Genre::Jour: // the modifier makes date() turn 31 February into March; a real day comes back as it is
+        return u"%1 IS date(%1, '+0 days')"_s.arg(nom);
     }
     return {};
 }

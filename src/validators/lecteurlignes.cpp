@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype TailleBloc = 1024 * 1024;
+constexpr qsizetype TailleBloc = 128 * 1024;
 constexpr qsizetype MarqueLongue = 1024;
 
 } // namespace

@@ -16,22 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Beyond this length a line is cut short behind its last wanted field before anything else is done with it.
-constexpr qsizetype LigneLongue = 64 * 1024;
-
 constexpr qint64 PasAvancement = 1024 * 1024;
-
-/// The bytes of a long line up to the last ";" that counts.
-QByteArrayView raccourcir(QByteArrayView octets, int nombre)
-{
-    qsizetype fin = -1;
-    for (int i = 0; i < nombre; ++i) {
-        fin = octets.indexOf(';', fin + 1);
-        if (fin < 0)
-            throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(nombre));
-    }
-    return octets.first(fin + 1);
-}
 
 } // namespace
 
@@ -114,6 +99,7 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
                 surAvancement(m_lus, std::max(m_total, m_lus));
         }
     }
+    m_lus = lecteur.octetsLus();
 
     dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
                         QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +
@@ -136,33 +122,9 @@ QList<Validateur::Libelle> Validateur::libellesResultat() const
     return {{noms[0], m_resultat}, {noms[1], m_resultat2}};
 }
 
-void Validateur::couper(QStringView ligne, QStringView *champs, int nombre)
-{
-    qsizetype debut = 0;
-    for (int i = 0; i < nombre; ++i) {
-        const qsizetype fin = ligne.indexOf(u';', debut);
-        if (fin < 0)
-            throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(nombre));
-        champs[i] = Trim(ligne.sliced(debut, fin - debut));
-        debut = fin + 1;
-    }
-}
-
-void Validateur::decouper(QByteArrayView octets, QStringView *champs, int nombre)
-{
-    if (octets.size() > LigneLongue)
-        octets = raccourcir(octets, nombre);
-    if (m_tampon.size() < octets.size())
-        m_tampon.resize(std::max(octets.size(), LigneLongue));
-    decoder(octets, reinterpret_cast<char16_t *>(m_tampon.data()), true);
-    couper(QStringView(m_tampon).first(octets.size()), champs, nombre);
-}
-
 void Validateur::enMajuscules(QStringView champ)
 {
-    QChar *lettres = caracteres(champ);
-    for (qsizetype i = 0; i < champ.size(); ++i)
-        lettres[i] = majuscule(lettres[i]);
+    mettreEnMajuscules({caracteres(champ), static_cast<std::size_t>(champ.size())});
 }
 
 void Validateur::oterBlancs(QStringView &champ)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "decoupeur.h"
 #include "listeserreurs.h"
 
 #include <QList>
@@ -108,11 +109,11 @@ protected:
     /// The dialogue of the running extraction; the labels on the screen are brought up to date first.
     Dialogue &dialogue();
 
-    /// Cuts the line at ";" and trims each field. The line must hold so many ends of fields; what stands
-    /// behind the last of them is ignored. @throws ErreurConversion for a shorter line
-    static void couper(QStringView ligne, QStringView *champs, int nombre);
-    /// Decodes a data line into the working buffer, with blanks for its apostrophes, and cuts it.
-    void decouper(QByteArrayView octets, QStringView *champs, int nombre);
+    /// Cuts a data line; its fields are valid until the next line.
+    void decouper(QByteArrayView octets, std::span<QStringView> champs)
+    {
+        m_decoupeur.decouper(octets, champs);
+    }
     /// The characters of a field of the running line, for rewriting in place.
     static QChar *caracteres(QStringView champ) { return const_cast<QChar *>(champ.data()); }
     /// The field in capitals, in place.
@@ -161,7 +162,7 @@ private:
 
     Dialogue *m_dialogue = nullptr;
     QString m_nomFichier;
-    QString m_tampon;
+    Decoupeur m_decoupeur;
     Personne m_personne;
     qint64 m_lus = 0;
     qint64 m_total = 0;

@@ -8,9 +8,12 @@
 #include "saisie.h"
 #include "texte.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -20,6 +23,7 @@ constexpr QStringView FormatMontant = u"## ### ### ### ###.00";
 constexpr QStringView NonNumerique = u" est Non Numérique";
 constexpr QStringView NonValide = u" est Non Valide";
 constexpr QStringView DateNeutre = u"01/01/1900";
+constexpr QStringView SansNumero = u"000000000000";
 
 QStringView debut(QStringView texte, qsizetype nombre) { return texte.first(std::min(texte.size(), nombre)); }
 
@@ -31,8 +35,11 @@ QStringView milieu(QStringView texte, qsizetype place, qsizetype nombre)
     return texte.size() < place ? QStringView() : debut(texte.sliced(place - 1), nombre);
 }
 
+/// Whether a code is this letter.
+bool est(QStringView code, QChar lettre) { return code.size() == 1 && code[0] == lettre; }
+
 /// A day that a rule can't do without. @throws ErreurConversion where there is none
-QDate jour(const std::optional<QDate> &date, const QString &texte) { return date ? *date : LireDate(texte); }
+QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : LireDate(texte); }
 
 } // namespace
 
@@ -84,7 +91,7 @@ bool ValidateurDas::premiereLigne(const QString &marque)
 bool ValidateurDas::entete(const QString &ligne)
 {
     std::array<QStringView, 5> champs;
-    couper(ligne, champs.data(), static_cast<int>(champs.size()));
+    couper(ligne, champs);
     m_entete = {champs[0].toString(), champs[1].toString(), sansBlancs(champs[2]),
                 sansBlancs(champs[3]).replace(SepAutre, SepDecimal), champs[4].toString()};
 
@@ -140,13 +147,18 @@ QString ValidateurDas::CtrlEnteteDas() const
     return fautes;
 }
 
+bool ValidateurDas::etranger() { return est(valeur(Etranger), u'O'); }
+
+bool ValidateurDas::national() { return est(valeur(Etranger), u'N'); }
+
 void ValidateurDas::DecouperLigneDas(QByteArrayView octets)
 {
-    decouper(octets, m_champs.data(), NombreChamps);
+    decouper(octets, m_champs);
     oterBlancs(valeur(SalaireAnnuel));
     oterBlancs(valeur(DureeTravaillee));
     QChar *salaire = caracteres(valeur(SalaireAnnuel));
     std::replace(salaire, salaire + valeur(SalaireAnnuel).size(), QChar(SepAutre), QChar(SepDecimal));
+    m_duree = Val(valeur(DureeTravaillee));
 }
 
 void ValidateurDas::ligne(QByteArrayView octets)
@@ -188,49 +200,49 @@ QStringView ValidateurDas::label(Champ champ)
 {
     switch (champ) {
     case NumSalarie:
-        return u"N° Salarié";
+        return u"N° Salarié"sv;
     case Nom:
-        return u"Nom";
+        return u"Nom"sv;
     case Prenom:
-        return u"Prenom";
+        return u"Prenom"sv;
     case SituationFamiliale:
-        return u"Situation Familiale";
+        return u"Situation Familiale"sv;
     case DateNaissance:
-        return u"Date Naissance";
+        return u"Date Naissance"sv;
     case Adresse:
-        return u"Adresse";
+        return u"Adresse"sv;
     case Presume:
-        return u"Présumé";
+        return u"Présumé"sv;
     case Etranger:
-        return u"Etranger";
+        return u"Etranger"sv;
     case CompteCCP:
-        return u"N° Compte CCP";
+        return u"N° Compte CCP"sv;
     case SalaireAnnuel:
-        return u"Salaire Annuel";
+        return u"Salaire Annuel"sv;
     case DureeTravaillee:
-        return u"Durée Travaillée";
+        return u"Durée Travaillée"sv;
     case TypeDuree:
-        return u"Type Durée Travaillée";
+        return u"Type Durée Travaillée"sv;
     case DateEntreeSortie:
-        return u"Date Entrée / Sortie";
+        return u"Date Entrée / Sortie"sv;
     case TypeEntreeSortie:
-        return u"Type Entrée / Sortie";
+        return u"Type Entrée / Sortie"sv;
     case Categorie:
-        return u"Categorie";
+        return u"Categorie"sv;
     case Telephone:
-        return u"Telephone";
+        return u"Telephone"sv;
     case Mail:
-        return u"Mail";
+        return u"Mail"sv;
     case Nationalite:
-        return u"Nationalite";
+        return u"Nationalite"sv;
     case PrenomPere:
-        return u"PrenomPere";
+        return u"PrenomPere"sv;
     case NomMere:
-        return u"NomMere";
+        return u"NomMere"sv;
     case PrenomMere:
-        return u"PrenomMere";
+        return u"PrenomMere"sv;
     case Nin:
-        return u"NIN";
+        return u"NIN"sv;
     case CompteBancaire:
     case ActeNaissance:
         break; // tested together with another field, under that one's label
@@ -246,7 +258,8 @@ void ValidateurDas::CtrlNumerique(Champ champ)
         signalerValeur(Classe::Rejet, label(champ), texte, NonNumerique);
         return;
     }
-    if (Val(texte) < 0) {
+    // Only a sign in front makes a number negative.
+    if (texte.startsWith(u'-') && Val(texte) < 0) {
         signalerValeur(Classe::RejetDur, label(champ), texte, NonNumerique);
         return;
     }
@@ -266,7 +279,7 @@ void ValidateurDas::ctrlNumeroSalarie()
 {
     const QStringView numero = valeur(NumSalarie);
     const QStringView nomChamp = label(NumSalarie);
-    if (numero == u"000000000000") {
+    if (numero == SansNumero) {
         const bool tolere = SsManquantTolere();
         signaler(tolere ? Classe::SansIncidence : Classe::RejetDur,
                  prefixeNoms() + u"  N° SS non fournie !"_s, nomChamp + u" / N° SS Incorrecte !"_s);
@@ -280,7 +293,7 @@ void ValidateurDas::ctrlNumeroSalarie()
     } else if (numero.size() != 12) {
         signaler(Classe::RejetDur, prefixe() + u"  Taille  Numéro SS doit être égal à 12 !"_s,
                  nomChamp + u" / la Numéro SS est constitué de 12 chiffres !"_s);
-    } else if (fin(numero, 2) != CleSS(numero.chopped(2))) {
+    } else if (!CleSSJuste(numero)) {
         signaler(Classe::RejetDur, prefixe() + u"  Clés de controle du Numéro  SS incorrecte ! "_s,
                  nomChamp + u" /  Clés SS Incorrecte"_s);
     } else if (national() && milieu(numero, 3, 4) != fin(valeur(ActeNaissance), 4)) {
@@ -298,7 +311,7 @@ void ValidateurDas::ctrlNin()
     if (nin.size() != 18 || nin.startsWith(u"00") || milieu(nin, 10, 5) != valeur(ActeNaissance)) {
         signaler(Classe::SansIncidence, prefixe() + u"  -  NIN : "_s + nin + u" Incorrecte "_s,
                  label(Nin) + u" NIN Incorrecte"_s);
-    } else if (valeur(TypeEntreeSortie) == u"E") {
+    } else if (est(valeur(TypeEntreeSortie), u'E')) {
         ++nbNinValides;
     }
 }
@@ -307,15 +320,14 @@ void ValidateurDas::ctrlDuree()
 {
     const QStringView texte = valeur(DureeTravaillee);
     const QStringView nomChamp = label(DureeTravaillee);
-    const double duree = Val(texte);
     const double salaire = Val(valeur(SalaireAnnuel));
-    if (duree > 0 && salaire == 0) {
+    if (m_duree > 0 && salaire == 0) {
         signalerValeur(Classe::RejetDur, nomChamp, texte, u" est (>0) pour un Salaire Annuel Nul (=0)",
                        u" non autorisé");
-    } else if (duree == 0 && salaire == 0) {
+    } else if (m_duree == 0 && salaire == 0) {
         const QString mots = nomChamp + u" et Salaire Annuel Nuls (=0)"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
-    } else if (duree == 0 && salaire > 0) {
+    } else if (m_duree == 0 && salaire > 0) {
         const QString mots = nomChamp + u" = 0 pour Salaire Annuel >0, Risque Erreur (Sauf si Rappel)"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
     }
@@ -327,8 +339,9 @@ void ValidateurDas::CtrlCode(Champ champ)
     enMajuscules(code);
     /// Whether the code is one of the letters; if not, the error is listed and the fund's own letter stands
     /// there.
+    // The literals carry their length: it would otherwise be counted for every line.
     const auto parmi = [&](QStringView lettres, QStringView mots, Classe classe, QStringView remplacement) {
-        if (code.size() == 1 && lettres.contains(code[0]))
+        if (std::any_of(lettres.begin(), lettres.end(), [&](QChar lettre) { return est(code, lettre); }))
             return true;
         signalerValeur(classe, label(champ), code, mots);
         if (!remplacement.isEmpty())
@@ -338,25 +351,25 @@ void ValidateurDas::CtrlCode(Champ champ)
 
     switch (champ) {
     case Etranger:
-        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        parmi(u"ON"sv, u" est Différent de O(Oui) ou N(Non)"sv, Classe::SansIncidence, u"N"sv);
         ctrlNationalite();
         break;
     case SituationFamiliale:
-        parmi(u"MC", u" est Différente de M(Marié) ou C(Célibataire)", Classe::SansIncidence, u"C");
+        parmi(u"MC"sv, u" est Différente de M(Marié) ou C(Célibataire)"sv, Classe::SansIncidence, u"C"sv);
         break;
     case Presume:
-        parmi(u"ON", u" est Différent de O(Oui) ou N(Non)", Classe::SansIncidence, u"N");
+        parmi(u"ON"sv, u" est Différent de O(Oui) ou N(Non)"sv, Classe::SansIncidence, u"N"sv);
         break;
     case TypeDuree:
-        if (parmi(u"MJH", u" est Différent de M(Mois), J(Jour) ou H(Heure)", Classe::RejetDur, {}))
+        if (parmi(u"MJH"sv, u" est Différent de M(Mois), J(Jour) ou H(Heure)"sv, Classe::RejetDur, {}))
             ctrlTypeDuree();
         break;
     case TypeEntreeSortie:
-        if (parmi(u"ES", u" est Différent de E(Entrée) ou S(Sortie)", Classe::SansIncidence, u"E"))
+        if (parmi(u"ES"sv, u" est Différent de E(Entrée) ou S(Sortie)"sv, Classe::SansIncidence, u"E"sv))
             ctrlEntreeSortie();
         break;
     case Categorie:
-        parmi(u"MF", u" est Différente de M(Masculin) ou F(Féminin)", Classe::SansIncidence, u"M");
+        parmi(u"MF"sv, u" est Différente de M(Masculin) ou F(Féminin)"sv, Classe::SansIncidence, u"M"sv);
         break;
     case Telephone:
         if (!TelephoneValide(code))
@@ -392,9 +405,8 @@ void ValidateurDas::ctrlNationalite()
 void ValidateurDas::ctrlTypeDuree()
 {
     const QStringView unite = valeur(TypeDuree);
-    const double maximum = unite == u"M" ? 12 : unite == u"J" ? 314 : 2512;
-    const double duree = Val(valeur(DureeTravaillee));
-    if (duree < 0 || duree > maximum) {
+    const double maximum = est(unite, u'M') ? 12 : est(unite, u'J') ? 314 : 2512;
+    if (m_duree < 0 || m_duree > maximum) {
         const QString mots = u" pour une Durée Travaillée = "_s + valeur(DureeTravaillee) +
                              u" Se Trouvant en dehors de l'Intervalle Autorisé"_s;
         signalerValeur(Classe::RejetDur, label(TypeDuree), unite, mots);
@@ -411,17 +423,17 @@ void ValidateurDas::ctrlEntreeSortie()
                  prefixeNoms() + u"  Nombre de jour travaillé ou Date entrée/sortie non valide "_s,
                  label(TypeEntreeSortie) + u" date incorrecte"_s);
     }
-    const QDate date = LireDate(dateES);
-    if (type == u"E" && date > jour(m_finCampagne, periodeCampagne)) {
+    const QDate date = jour(m_dateES, dateES);
+    if (est(type, u'E') && date > jour(m_finCampagne, periodeCampagne)) {
         const QString mots = u"Date Entrée = "_s + dateES + u" est > Période Campagne"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
         dateES = DateNeutre;
-    } else if (type == u"S" && date < jour(m_debutCampagne, periodeCampagne)) {
+    } else if (est(type, u'S') && date < jour(m_debutCampagne, periodeCampagne)) {
         const QString mots = u"Date Sortie = "_s + dateES + u" est < Période Campagne"_s;
         signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + mots, mots);
         dateES = DateNeutre;
         type = u"E";
-    } else if (type == u"E" && national()) {
+    } else if (est(type, u'E') && national()) {
         ++nbNationauxEntres;
     }
 }
@@ -429,37 +441,39 @@ void ValidateurDas::ctrlEntreeSortie()
 void ValidateurDas::CtrlDate(Champ champ)
 {
     const QStringView texte = valeur(champ);
-    const QStringView nomChamp = label(champ);
     const bool naissance = champ == DateNaissance;
+    const auto date = dateDe(texte);
+    if (!naissance)
+        m_dateES = date;
     if (texte.isEmpty()) {
         // The blank behind "Ligne N°:" belongs to the date of birth alone.
         signaler(Classe::RejetDur,
-                 prefixeNoms(naissance ? u" " : u"") + u"  -  "_s + nomChamp + u" est Vide"_s,
-                 naissance ? QString(nomChamp + u" est Vide"_s) : QString(nomChamp + u" =  est vide "_s));
+                 prefixeNoms(naissance ? u" " : u"") + u"  -  "_s + label(champ) + u" est Vide"_s,
+                 naissance ? QString(label(champ) + u" est Vide"_s)
+                           : QString(label(champ) + u" =  est vide "_s));
         return;
     }
-    const auto date = dateDe(texte);
     if (!date) {
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide);
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide);
         return;
     }
     if (!naissance)
         return;
-    if (date->year() > m_annee - 16)
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de moins de 15 ans");
-    else if (date->year() < m_annee - 85)
-        signalerValeur(Classe::RejetDur, nomChamp, texte, NonValide, u" age de plus de 85 ans");
+    const double annee = Val(fin(texte, 4));
+    if (annee > static_cast<double>(m_annee - 16))
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de moins de 15 ans");
+    else if (annee < static_cast<double>(m_annee - 85))
+        signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de plus de 85 ans");
 }
 
 void ValidateurDas::CtrlTexte(Champ champ)
 {
     QStringView &texte = valeur(champ);
-    const QStringView nomChamp = label(champ);
     switch (champ) {
     case Nom:
     case Prenom:
         if (texte.isEmpty() || !SansChiffre(texte)) {
-            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            const QString mots = label(champ) + u" est Vide ou incorrecte"_s;
             signaler(Classe::RejetDur,
                      prefixe() + u"  -  Nom : "_s + valeur(Nom) + u"  - Prénom: "_s + valeur(Prenom) +
                          u"  -  "_s + mots,
@@ -471,22 +485,22 @@ void ValidateurDas::CtrlTexte(Champ champ)
     case PrenomMere:
         if (texte.isEmpty() || !SansChiffre(texte)) {
             // The father's first name stands in the entry of all three: that is required.
-            const QString mots = nomChamp + u" est Vide ou incorrecte"_s;
+            const QString mots = label(champ) + u" est Vide ou incorrecte"_s;
             signaler(Classe::SansIncidence,
                      prefixe() + u"  -  Prenom Pére : "_s + valeur(PrenomPere) + u"  -  "_s + mots, mots);
         }
         break;
     case Nationalite:
         if (texte.isEmpty()) {
-            signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + nomChamp + u" est Vide"_s,
-                     nomChamp + u" =  est Vide"_s);
+            signaler(Classe::SansIncidence, prefixeNoms() + u"  -  "_s + label(champ) + u" est Vide"_s,
+                     label(champ) + u" =  est Vide"_s);
             texte = u"004";
         }
         break;
     case Adresse:
         if (texte.size() < 15) {
             signaler(Classe::RejetDur, prefixe() + u"  -  Adresse : "_s + texte + u"  Vide ou non valide"_s,
-                     nomChamp + u" Vide ou non valide"_s);
+                     label(champ) + u" Vide ou non valide"_s);
         }
         break;
     case CompteCCP:
@@ -516,7 +530,7 @@ void ValidateurDas::ctrlComptes()
 /// A newcomer of the campaign's last month may lack a number, and whoever left.
 bool ValidateurDas::SsManquantTolere()
 {
-    if (valeur(TypeEntreeSortie) != u"E")
+    if (!est(valeur(TypeEntreeSortie), u'E'))
         return true;
     const auto date = dateDe(valeur(DateEntreeSortie));
     return !date || *date >= jour(m_limiteSS, dateLimiteSS);
@@ -525,18 +539,17 @@ bool ValidateurDas::SsManquantTolere()
 /// Whether the time worked fits between the movement and the campaign's other end.
 bool ValidateurDas::CtrlDureeDates()
 {
-    const QDate date = LireDate(valeur(DateEntreeSortie));
-    const double jours = valeur(TypeEntreeSortie) == u"E"
+    const QDate date = jour(m_dateES, valeur(DateEntreeSortie));
+    const double jours = est(valeur(TypeEntreeSortie), u'E')
                              ? static_cast<double>(date.daysTo(jour(m_lendemainCampagne, periodeCampagne)))
                              : static_cast<double>(jour(m_debutCampagne, periodeCampagne).daysTo(date));
-    const double duree = Val(valeur(DureeTravaillee));
     const QStringView unite = valeur(TypeDuree);
-    if (unite == u"M")
-        return jours >= 26 * duree;
-    if (unite == u"J")
-        return jours >= duree;
-    if (unite == u"H")
-        return jours * 8 >= duree;
+    if (est(unite, u'M'))
+        return jours >= 26 * m_duree;
+    if (est(unite, u'J'))
+        return jours >= m_duree;
+    if (est(unite, u'H'))
+        return jours * 8 >= m_duree;
     return true;
 }
 

@@ -88,8 +88,8 @@ private:
     void ctrlComptes();
     void ctrlTypeDuree();
     void ctrlEntreeSortie();
-    bool etranger() { return valeur(Etranger) == u"O"; }
-    bool national() { return valeur(Etranger) == u"N"; }
+    bool etranger();
+    bool national();
 
     void annoncerTaux();
     QString comparerTotaux();
@@ -107,6 +107,8 @@ private:
     std::optional<QDate> m_lendemainCampagne;
 
     std::array<QStringView, NombreChamps> m_champs;
+    double m_duree = 0;            ///< the time worked of the running line
+    std::optional<QDate> m_dateES; ///< the day of the entry or leaving, as the line has it
     qint64 nbSSValides = 0;
     qint64 nbNationaux = 0;
     qint64 nbSansCompte = 0;

@@ -264,6 +264,13 @@ private slots:
         QCOMPARE(CleSS(u""), u"99"_s);
         QVERIFY_THROWS_EXCEPTION(ErreurConversion, CleSS(u"12345 7890"));
 
+        QVERIFY(CleSSJuste(u"123456789029"));
+        QVERIFY(CleSSJuste(u"999999900000"));
+        QVERIFY(!CleSSJuste(u"123456789028"));
+        QVERIFY(!CleSSJuste(u"1234567890 9"));
+        QVERIFY(!CleSSJuste(u"999999999936"));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, CleSSJuste(u"12345 789029"));
+
         const auto ccp = [](QString corps) {
             const QString cle = CleCCP(corps);
             return corps + u'/' + cle;

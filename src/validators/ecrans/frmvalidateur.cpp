@@ -141,7 +141,7 @@ void FrmValidateur::avancer(qint64 lus, qint64 total)
     if (!m_depuisPeinture.hasExpired(PeintureMs))
         return;
     m_avancement->setValue(total > 0 ? static_cast<int>(lus * m_avancement->maximum() / total) : 0);
-    m_avancement->show();
+    m_avancement->setVisible(lus < total);
     // Clicks and keys wait until the run is over.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_depuisPeinture.start();

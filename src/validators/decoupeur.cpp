@@ -1,0 +1,56 @@
+#include "decoupeur.h"
+
+#include "erreurs.h"
+#include "texte.h"
+
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+[[noreturn]] void refuserLigne(std::size_t champs)
+{
+    throw ErreurConversion(u"La ligne a moins de %1 champs."_s.arg(champs));
+}
+
+} // namespace
+
+void couper(QStringView ligne, std::span<QStringView> champs)
+{
+    qsizetype debut = 0;
+    for (QStringView &champ : champs) {
+        const qsizetype fin = ligne.indexOf(u';', debut);
+        if (fin < 0)
+            refuserLigne(champs.size());
+        champ = Trim(ligne.sliced(debut, fin - debut));
+        debut = fin + 1;
+    }
+}
+
+void Decoupeur::decouper(QByteArrayView octets, std::span<QStringView> champs)
+{
+    // The ends are sought before anything is decoded, so that what stands behind the last wanted field,
+    // however long it is, costs nothing.
+    m_fins.resize(champs.size());
+    const char *reste = octets.begin();
+    for (qsizetype &fin : m_fins) {
+        const void *trouve = std::memchr(reste, ';', static_cast<std::size_t>(octets.end() - reste));
+        if (!trouve)
+            refuserLigne(champs.size());
+        const char *place = static_cast<const char *>(trouve);
+        fin = place - octets.begin();
+        reste = place + 1;
+    }
+    const qsizetype taille = reste - octets.begin();
+    if (m_tampon.size() < taille)
+        m_tampon.resize(taille);
+    decoder(octets.first(taille), reinterpret_cast<char16_t *>(m_tampon.data()), true);
+
+    const QStringView texte(m_tampon);
+    qsizetype debut = 0;
+    for (std::size_t i = 0; i < champs.size(); ++i) {
+        champs[i] = Trim(texte.sliced(debut, m_fins[i] - debut));
+        debut = m_fins[i] + 1;
+    }
+}

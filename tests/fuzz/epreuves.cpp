@@ -1,0 +1,193 @@
+#include "epreuves.h"
+
+#include "decoupeur.h"
+#include "erreurs.h"
+#include "lecteurlignes.h"
+#include "lot.h"
+#include "texte.h"
+#include "validateurdas.h"
+
+#include <QBuffer>
+#include <QList>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void exiger(bool tenu, const char *regle)
+{
+    if (!tenu)
+        throw EpreuveManquee(regle);
+}
+
+/// A device that deals its bytes out in pieces of odd sizes, as a slow disk or a network share may.
+class Morceaux : public QIODevice
+{
+public:
+    explicit Morceaux(QByteArrayView octets) : m_reste(octets) { open(ReadOnly | Unbuffered); }
+
+protected:
+    qint64 readData(char *sortie, qint64 place) override
+    {
+        m_taille = m_taille * 7 % 31 + 1;
+        const qsizetype taille = std::min({m_reste.size(), static_cast<qsizetype>(place), m_taille});
+        std::copy_n(m_reste.data(), taille, sortie);
+        m_reste = m_reste.sliced(taille);
+        return taille;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArrayView m_reste;
+    qsizetype m_taille = 1;
+};
+
+/// The lines by the plainest means.
+QList<QByteArray> lignesDe(QByteArrayView octets)
+{
+    QList<QByteArray> lignes = octets.toByteArray().split('\n');
+    const QByteArray derniere = lignes.takeLast();
+    for (QByteArray &ligne : lignes) {
+        if (ligne.endsWith('\r'))
+            ligne.chop(1);
+    }
+    if (!derniere.isEmpty())
+        lignes.append(derniere);
+    return lignes;
+}
+
+QList<QByteArray> lignesLues(QIODevice &source, qsizetype taille)
+{
+    LecteurLignes lecteur(source);
+    QList<QByteArray> lignes;
+    while (!lecteur.finie())
+        lignes.append(lecteur.lire().toByteArray());
+    exiger(lecteur.octetsLus() == taille, "every byte of the file belongs to a line");
+    bool refusee = false;
+    try {
+        lecteur.lire();
+    } catch (const ErreurFichier &) {
+        refusee = true;
+    }
+    exiger(refusee, "nothing is read behind the end");
+    return lignes;
+}
+
+template <std::size_t Nombre>
+void eprouverCoupe(Decoupeur &decoupeur, const QByteArray &ligne)
+{
+    const QStringList attendus = decoder(ligne).replace(u'\'', u' ').split(u';');
+    std::array<QStringView, Nombre> champs;
+    try {
+        decoupeur.decouper(ligne, champs);
+    } catch (const ErreurConversion &) {
+        exiger(attendus.size() <= static_cast<qsizetype>(Nombre),
+               "only a line with too few fields is refused");
+        return;
+    }
+    exiger(attendus.size() > static_cast<qsizetype>(Nombre), "a line with too few fields is refused");
+    for (std::size_t i = 0; i < Nombre; ++i)
+        exiger(champs[i] == Trim(attendus[static_cast<qsizetype>(i)]),
+               "a field is what stands between two \";\"");
+}
+
+struct Extraction
+{
+    Verdict verdict;
+    QList<Boite> boites;
+};
+
+Extraction extraire(Validateur &validateur, QByteArrayView octets)
+{
+    QByteArray donnees = octets.toByteArray();
+    QBuffer source(&donnees);
+    DialogueEnregistreur dialogue;
+    const Verdict verdict = validateur.extraire(source, u"12345678_das_2024.txt"_s, dialogue);
+    return {verdict, dialogue.boites};
+}
+
+void eprouverListes(const ListesErreurs &listes, qint64 nombre, qint64 derniere)
+{
+    const qsizetype taille = listes.taille();
+    exiger(nombre == taille, "the counter is the length of the lists");
+    exiger(static_cast<qsizetype>(listes.O.size()) == taille && listes.N.taille() == taille &&
+               listes.NP.taille() == taille,
+           "the lists have one length");
+    exiger(std::is_sorted(listes.O.begin(), listes.O.end()), "errors come in the order of the lines");
+    exiger(listes.O.empty() || (listes.O.front() >= 1 && listes.O.back() <= derniere),
+           "an error names a line of the file");
+    for (qsizetype i = 0; i < taille; ++i) {
+        exiger(listes.Entrees[i].startsWith(u"Ligne N°:"), "an entry begins with the number of its line");
+        exiger(listes.Entrees[i].contains(listes.N[i]), "an entry holds the social-security number");
+        exiger(!listes.motsDe(i).isEmpty(), "an error has words");
+    }
+}
+
+void eprouverFin(const Validateur &validateur, const Extraction &fin)
+{
+    const auto texteCommence = [&](QStringView debut) {
+        return std::any_of(fin.boites.begin(), fin.boites.end(),
+                           [&](const Boite &boite) { return boite.texte.startsWith(debut); });
+    };
+    const bool resume = texteCommence(u"Extraction Terminée avec Nombre Erreurs : ");
+    const bool anomalie = texteCommence(u"Votre fichier présente des anomalies");
+    const bool retour = texteCommence(u"Votre Das Contient des Erreurs !!!");
+    exiger(retour == (fin.verdict == Verdict::Rejetee), "the box and the verdict agree");
+    if (fin.verdict == Verdict::Interrompue) {
+        exiger(!fin.boites.isEmpty(), "an interrupted run says why");
+    } else {
+        exiger(resume && !anomalie, "a run that came to its end has a summary and no failure");
+        exiger(validateur.ongletsPermis(), "the end of a run turns the tabs on");
+    }
+    if (fin.verdict == Verdict::Acceptee)
+        exiger(validateur.nbLignes > 0, "an accepted declaration has lines");
+    const qint64 derniere = validateur.nbLignes + (fin.verdict == Verdict::Interrompue ? 1 : 0);
+    eprouverListes(validateur.rejets, validateur.nbErrRejet, derniere);
+    eprouverListes(validateur.sansIncidence, validateur.nbErrOK, derniere);
+}
+
+void eprouverFichier(QByteArrayView octets)
+{
+    ValidateurDas validateur;
+    const Extraction premiere = extraire(validateur, octets);
+    eprouverFin(validateur, premiere);
+    const qsizetype mots = validateur.rejets.E.taille();
+    exiger(mots == validateur.rejets.taille() &&
+               validateur.sansIncidence.E.taille() == validateur.sansIncidence.taille(),
+           "the words stand beside the entries after a first extraction");
+
+    const Extraction seconde = extraire(validateur, octets);
+    eprouverFin(validateur, seconde);
+    exiger(seconde.verdict == premiere.verdict && seconde.boites == premiere.boites,
+           "the same file is judged alike twice");
+    exiger(validateur.rejets.E.taille() == 2 * mots, "the words of the first extraction stay");
+}
+
+} // namespace
+
+void eprouverDecoupe(QByteArrayView octets)
+{
+    const QList<QByteArray> attendues = lignesDe(octets);
+    QByteArray donnees = octets.toByteArray();
+    QBuffer source(&donnees);
+    source.open(QIODevice::ReadOnly);
+    Morceaux morceaux(octets);
+    exiger(lignesLues(source, octets.size()) == attendues, "the lines end at LF and at the end of the file");
+    exiger(lignesLues(morceaux, octets.size()) == attendues, "the lines do not hang on the pieces read");
+
+    Decoupeur decoupeur;
+    for (const QByteArray &ligne : attendues) {
+        eprouverCoupe<31>(decoupeur, ligne);
+        eprouverCoupe<5>(decoupeur, ligne);
+    }
+}
+
+void eprouverValidateur(QByteArrayView octets)
+{
+    eprouverFichier(octets);
+    eprouverFichier(QByteArray("DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1000;2;\r\n").append(octets));
+}

@@ -1,0 +1,277 @@
+#include "erreurs.h"
+#include "foyer.h"
+#include "recordset.h"
+#include "schema.h"
+
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestRecordset : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_dossier = std::make_unique<QTemporaryDir>();
+        m_cnx.ouvrir(m_dossier->filePath(u"essai.mdb"_s));
+        Transaction transaction(m_cnx);
+        for (const Table &table : tablesDuSchema()) {
+            m_cnx.definir(table.creation());
+            for (const QString &ordre : table.creationIndex())
+                m_cnx.definir(ordre);
+        }
+        transaction.commit();
+    }
+
+    void cleanup() { m_cnx.fermer(); }
+
+    void vieDUneTable()
+    {
+        Recordset rs(m_cnx, u"Periode"_s, {{u"Code"_s, Qt::DescendingOrder}});
+        QVERIFY(echecDe([&] { rs.vide(); }).contains(u"« Periode » n'est pas ouverte"));
+        QVERIFY(echecDe([&] { rs.ajouter({{u"Code"_s, u"202001"}}); }).contains(u"n'est pas ouverte"));
+        QCOMPARE(rs.rowCount(), 0);
+        QAbstractItemModelTester verificateur(&rs, QAbstractItemModelTester::FailureReportingMode::QtTest);
+
+        rs.ouvrir();
+        QVERIFY(rs.vide());
+        QCOMPARE(rs.ligneCourante(), -1);
+        QVERIFY(!echecDe([&] { rs.texte(u"Code"); }).isEmpty());
+
+        QSignalSpy changements(&rs, &Recordset::ligneCouranteChangee);
+        for (const auto *code : {u"202003", u"202001", u"202002"})
+            rs.ajouter({{u"code"_s, code}, {u"Etat"_s, u"N"}});
+        QCOMPARE(codes(rs), u"202003,202002,202001"_s);
+        QCOMPARE(rs.texte(u"CODE"), u"202002"_s); // the new row is current, where the order puts it
+        QCOMPARE(changements.last().first().toInt(), 1);
+
+        rs.trier(u"code"_s);
+        QCOMPARE(codes(rs), u"202001,202002,202003"_s);
+        QCOMPARE(rs.texte(u"Code"), u"202002"_s);
+        rs.allerA(0);
+        m_cnx.executer(u"INSERT INTO Periode VALUES ('201912', 'N')"_s);
+        rs.requery();
+        QCOMPARE(rs.ligneCourante(), 1); // the same row, one place on
+        QCOMPARE(rs.texte(u"Code"), u"202001"_s);
+
+        rs.modifier({{u"Etat"_s, u"O"}});
+        QCOMPARE(rs.texte(u"Etat"), u"O"_s);
+        rs.modifier({{u"Code"_s, u"202012"}}); // the order follows
+        QCOMPARE(codes(rs), u"201912,202002,202003,202012"_s);
+        QCOMPARE(rs.ligneCourante(), 3);
+
+        rs.supprimer();
+        QCOMPARE(rs.texte(u"Code"), u"202003"_s); // the last row's neighbour is the one before
+        rs.allerA(0);
+        rs.supprimer();
+        QCOMPARE(rs.texte(u"Code"), u"202002"_s); // any other's the one behind
+        QCOMPARE(rs.chercher({{u"Code"_s, u"202003"}}), 1);
+        QCOMPARE(rs.chercher({{u"Code"_s, u"202003"}, {u"Etat"_s, nullptr}}), -1);
+        QCOMPARE(rs.ligneCourante(), 0);
+
+        QVERIFY(!echecDe([&] { rs.ajouter({{u"Code"_s, u"202003"}}); }).isEmpty());
+        QVERIFY(!echecDe([&] { rs.modifier({{u"Code"_s, u"2020030"}}); }).isEmpty());
+        QCOMPARE(codes(rs), u"202002,202003"_s);
+        QCOMPARE(rs.ligneCourante(), 0);
+        rs.supprimer();
+        rs.supprimer();
+        QVERIFY(rs.vide());
+        QCOMPARE(rs.ligneCourante(), -1);
+
+        m_cnx.definir(u"DROP TABLE Periode"_s);
+        QVERIFY(echecDe([&] { rs.ouvrir(); }).startsWith(u"La table « Periode » n'existe pas."));
+        QVERIFY(!rs.estOuvert());
+    }
+
+    void sousCondition()
+    {
+        Recordset rs(m_cnx, u"ligne_das"_s);
+        QAbstractItemModelTester verificateur(&rs, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        rs.ouvrir(Condition{u"annee = ? OR annee = ?"_s, {2023, 2024}} &&
+                  Condition{u"num_emp = ?"_s, {u"12345678"}});
+        const auto ligne = [](int salarie, int annee, QStringView employeur) {
+            return Champs{{u"num_salarie"_s, QString::number(salarie)},
+                          {u"cpt_z"_s, 1},
+                          {u"annee"_s, annee},
+                          {u"num_emp"_s, employeur},
+                          {u"type_das"_s, 1}};
+        };
+        rs.ajouter(ligne(1, 2024, u"12345678"));
+        rs.ajouter(ligne(2, 2023, u"12345678"));
+        rs.ajouter(ligne(3, 2022, u"12345678")); // not to be seen here
+        rs.ajouter(ligne(4, 2024, u"87654321"));
+        QCOMPARE(rs.nombre(), 2);
+        QCOMPARE(rs.texte(u"num_salarie"), u"2"_s);
+        QCOMPARE(rs.chercher({{u"num_salarie"_s, u"3"}}), -1);
+        rs.modifier({{u"annee"_s, 2020}}); // leaves the list
+        QCOMPARE(rs.nombre(), 1);
+        QCOMPARE(rs.texte(u"num_salarie"), u"1"_s);
+        rs.ouvrir();
+        QCOMPARE(rs.nombre(), 4);
+    }
+
+    void changeParAilleurs()
+    {
+        Connexion autre;
+        autre.ouvrir(m_cnx.chemin());
+        peupler(m_cnx, 3);
+        Recordset rs(m_cnx, u"salarie"_s);
+        rs.ouvrir();
+        rs.allerA(1);
+        const QString nom = rs.texte(u"nom");
+
+        // Another column than the one that we change: both changes stay.
+        autre.executer(u"UPDATE salarie SET ville = 'ORAN' WHERE Num_Salarie = '000000000002'"_s);
+        rs.modifier({{u"profes"_s, u"MACON"}});
+        QCOMPARE(rs.texte(u"ville"), u"ORAN"_s);
+        // The same column: refused, and the list shows what is there.
+        autre.executer(u"UPDATE salarie SET nom = 'AUTRE' WHERE Num_Salarie = '000000000002'"_s);
+        QCOMPARE(rs.texte(u"nom"), nom);
+        QVERIFY(echecDe([&] { rs.modifier({{u"nom"_s, u"NOTRE"}}); }).contains(u"modifiée ou supprimée"));
+        QCOMPARE(rs.texte(u"nom"), u"AUTRE"_s);
+
+        // Gone behind our back: empty cells, no change, no crash.
+        Recordset nonLu(m_cnx, u"salarie"_s);
+        nonLu.ouvrir();
+        autre.executer(u"DELETE FROM salarie WHERE Num_Salarie = '000000000003'"_s);
+        QVERIFY(!nonLu.index(2, 0).data().isValid());
+        QVERIFY(nonLu.ligne(2).estVide());
+        rs.allerA(2);
+        QVERIFY(echecDe([&] { rs.supprimer(); }).contains(u"modifiée ou supprimée"));
+        QCOMPARE(rs.nombre(), 2);
+        QCOMPARE(rs.ligneCourante(), 1);
+
+        // Gone, and its rowid taken by somebody else: that one must not be deleted in its stead.
+        QCOMPARE(rs.texte(u"Num_Salarie"), u"000000000002"_s);
+        autre.executer(u"DELETE FROM salarie WHERE Num_Salarie = '000000000002'"_s);
+        autre.executer(u"INSERT INTO salarie (Num_Salarie, cpt_z) VALUES ('000000000009', 1)"_s);
+        QVERIFY(!echecDe([&] { rs.supprimer(); }).isEmpty());
+        QVERIFY(autre.existe(u"SELECT 1 FROM salarie WHERE Num_Salarie = '000000000009'"_s));
+        // The same, and we are the ones who add: one row in the list, not two.
+        autre.executer(u"DELETE FROM salarie WHERE Num_Salarie = '000000000009'"_s);
+        rs.ajouter({{u"Num_Salarie"_s, u"000000000010"}, {u"cpt_z"_s, 1}});
+        QCOMPARE(rs.nombre(), 2);
+        QCOMPARE(rs.texte(u"Num_Salarie"), u"000000000010"_s);
+    }
+
+    void annulation()
+    {
+        Recordset rs(m_cnx, u"Wilaya"_s);
+        rs.ouvrir();
+        rs.ajouter({{u"Code"_s, u"01"}, {u"Libelle"_s, u"ADRAR"}});
+        {
+            Transaction transaction(m_cnx);
+            rs.modifier({{u"Libelle"_s, u"X"}});
+            rs.ajouter({{u"Code"_s, u"02"}});
+        }
+        QCOMPARE(rs.nombre(), 1); // without a requery
+        QCOMPARE(rs.texte(u"Libelle"), u"ADRAR"_s);
+    }
+
+    void affichage()
+    {
+        m_cnx.inserer(u"Entete_CI"_s, {{u"N_Identifiant"_s, u"123"},
+                                       {u"date_arret"_s, QDate(2024, 2, 9)},
+                                       {u"sum_calc"_s, Currency::deTexte(u"1234567.5")},
+                                       {u"HTS"_s, 40}});
+        Recordset rs(m_cnx, u"Entete_CI"_s);
+        rs.titrer(u"DATE_ARRET"_s, u"Arrêt"_s);
+        rs.ouvrir();
+        const auto cellule = [&rs](const char16_t *colonne, int role) {
+            return rs.index(0, rs.rangColonne(colonne)).data(role);
+        };
+        QCOMPARE(cellule(u"date_arret", Qt::DisplayRole), QVariant(u"09/02/2024"_s));
+        QCOMPARE(cellule(u"date_arret", Qt::EditRole), QVariant(QDate(2024, 2, 9)));
+        QCOMPARE(cellule(u"sum_calc", Qt::DisplayRole), QVariant(u"1 234 567.50"_s));
+        QCOMPARE(cellule(u"sum_calc", Qt::EditRole).value<Currency>(), Currency::deTexte(u"1234567.5"));
+        QCOMPARE(cellule(u"HTS", Qt::DisplayRole), QVariant(u"40"_s));
+        QVERIFY(!cellule(u"ChargePat", Qt::DisplayRole).isValid());
+        const auto alignement = [&](const char16_t *colonne) {
+            return cellule(colonne, Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignHorizontal_Mask;
+        };
+        QCOMPARE(alignement(u"sum_calc"), Qt::AlignRight);
+        QCOMPARE(alignement(u"HTS"), Qt::AlignRight);
+        QCOMPARE(alignement(u"date_arret"), Qt::AlignLeft);
+        QCOMPARE(rs.headerData(rs.rangColonne(u"date_arret"), Qt::Horizontal), QVariant(u"Arrêt"_s));
+        QCOMPARE(rs.headerData(rs.rangColonne(u"HTS"), Qt::Horizontal), QVariant(u"HTS"_s));
+    }
+
+    /// A table far larger than what is kept in memory. The times are told, not judged.
+    void deuxCentMille()
+    {
+        constexpr int nombre = 200'000;
+        peupler(m_cnx, nombre);
+        Recordset rs(m_cnx, u"salarie"_s);
+        QElapsedTimer temps;
+        const auto mesurer = [&temps](const char *quoi, auto action) {
+            temps.start();
+            action();
+            qInfo("%-28s %7.2f ms", quoi, static_cast<double>(temps.nsecsElapsed()) / 1e6);
+        };
+        const auto page = [&rs](int debut) {
+            for (int ligne = debut; ligne < debut + 40; ++ligne) {
+                for (int colonne = 0; colonne < rs.columnCount(); ++colonne)
+                    rs.index(ligne, colonne).data();
+            }
+        };
+        mesurer("open", [&] { rs.ouvrir(); });
+        mesurer("first page", [&] { page(0); });
+        mesurer("requery", [&] { rs.requery(); });
+        QCOMPARE(rs.nombre(), nombre);
+        for (const int ligne : {0, 63, 64, 99'999, 5, nombre - 1}) // in the order of entry, from any page
+            QCOMPARE(rs.ligne(ligne).texte(u"Num_Salarie"),
+                     QString::number(ligne + 1).rightJustified(12, u'0'));
+
+        rs.allerA(150'000);
+        const QString courant = rs.texte(u"Num_Salarie");
+        for (const auto *colonne : {u"nom", u"Num_Salarie", u"date_naiss", u"profes"}) {
+            const QString nom = QString::fromUtf16(colonne);
+            mesurer(qPrintable(u"sort by "_s + nom), [&] { rs.trier(nom, Qt::DescendingOrder); });
+            const Enregistrement attendu = m_cnx.premiere(
+                u"SELECT * FROM salarie ORDER BY [%1] DESC, rowid LIMIT 1 OFFSET 12345"_s.arg(nom));
+            QCOMPARE(rs.ligne(12345).texte(u"Num_Salarie"), attendu.texte(u"Num_Salarie"));
+            QCOMPARE(rs.texte(u"Num_Salarie"), courant);
+            mesurer("  middle page", [&] { page(100'000); });
+        }
+        rs.trier(u"nom"_s);
+        mesurer("add a row, ordered", [&] {
+            rs.ajouter({{u"Num_Salarie"_s, u"999999999999"}, {u"cpt_z"_s, 1}, {u"nom"_s, u"A"}});
+        });
+        QCOMPARE(rs.ligneCourante(), 0);
+        mesurer("change a row, ordered", [&] { rs.modifier({{u"nom"_s, u"ZZZ"}}); });
+        QCOMPARE(rs.ligneCourante(), nombre);
+        mesurer("delete a row", [&] { rs.supprimer(); });
+
+        mesurer("search by name", [&] { rs.ouvrir(commencePar(u"nom"_s, u"bnom99")); });
+        QCOMPARE(rs.nombre(),
+                 m_cnx.premiere(u"SELECT count(*) FROM salarie WHERE nom LIKE 'BNOM99%'"_s).entier(0));
+        mesurer("search by number", [&] { rs.ouvrir(commencePar(u"Num_Salarie"_s, u"00000001")); });
+        QCOMPARE(rs.nombre(), 10'000);
+        rs.ouvrir();
+        mesurer("add a row", [&] { rs.ajouter({{u"Num_Salarie"_s, u"999999999999"}, {u"cpt_z"_s, 1}}); });
+        QCOMPARE(rs.ligneCourante(), nombre);
+        mesurer("find a row", [&] {
+            QCOMPARE(rs.chercher({{u"Num_Salarie"_s, u"000000150001"}, {u"cpt_z"_s, 1}}), 150'000);
+        });
+    }
+
+private:
+    static QString codes(const Recordset &rs)
+    {
+        QStringList codes;
+        for (int ligne = 0; ligne < rs.nombre(); ++ligne)
+            codes += rs.ligne(ligne).texte(u"Code");
+        return codes.join(u',');
+    }
+
+    std::unique_ptr<QTemporaryDir> m_dossier;
+    Connexion m_cnx;
+};
+
+QTEST_GUILESS_MAIN(TestRecordset)
+#include "test_recordset.moc"
