@@ -17,6 +17,10 @@ struct EntreeDeMenu
     /// Whether it is on in the delivered menu.
     bool permise = true;
     QStyle::StandardPixmap icone = QStyle::SP_CustomBase;
+    /// The tick entry that turns it on, nullptr without one.
+    const char16_t *activeePar = nullptr;
+    /// Whether it is a tick entry; it is clear on delivery.
+    bool coche = false;
 };
 
 /// The whole menu, each submenu before what it holds.

@@ -94,6 +94,8 @@ void MDIForm::faireLeMenu(const RegistreFenetres &fenetres)
 
         if (nom == u"wquit"_s) {
             m_contexte.dernierRecours.connecter(entree.action, &QAction::triggered, this, &QWidget::close);
+        } else if (ligne.coche) {
+            faireCoche(nom, *parent);
         } else {
             if (!ligne.sousMenu) {
                 m_contexte.dernierRecours.connecter(entree.action, &QAction::triggered, this,
@@ -101,6 +103,33 @@ void MDIForm::faireLeMenu(const RegistreFenetres &fenetres)
             }
             rafraichir(entree);
         }
+    }
+}
+
+/// Some entries are off in the delivered menu. The clerk turns them on, group by group, for good.
+void MDIForm::faireCoche(const QString &nom, QMenu &menu)
+{
+    QAction *action = m_entrees.at(nom).action;
+    const QList<QAction *> actions = menu.actions();
+    const QAction *precedente = actions.size() > 1 ? actions[actions.size() - 2] : nullptr;
+    if (precedente && !precedente->isCheckable())
+        menu.insertSeparator(action);
+
+    const QString cle = u"menu/"_s + nom;
+    action->setCheckable(true);
+    action->setChecked(reglages().value(cle, false).toBool());
+    activerGroupe(nom, action->isChecked());
+    m_contexte.dernierRecours.connecter(action, &QAction::toggled, this, [this, nom, cle](bool active) {
+        reglages().setValue(cle, active);
+        activerGroupe(nom, active);
+    });
+}
+
+void MDIForm::activerGroupe(const QString &coche, bool active)
+{
+    for (const EntreeDeMenu &ligne : entreesDeMenu()) {
+        if (ligne.activeePar && coche == QStringView(ligne.activeePar))
+            permettre(QString::fromUtf16(ligne.nom), active);
     }
 }
 

@@ -11,6 +11,7 @@
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
+class QMenu;
 
 /// The main window: it holds the menu and the windows opened from it, one copy of each at a time.
 class MDIForm : public QMainWindow, public MenuPrincipal
@@ -44,6 +45,8 @@ private:
     void faireLeMenu(const RegistreFenetres &fenetres);
     void ouvrir(Entree &entree);
     static void rafraichir(const Entree &entree);
+    void faireCoche(const QString &nom, QMenu &menu);
+    void activerGroupe(const QString &coche, bool active);
 
     Contexte m_contexte;
     QMdiArea *m_aire;

@@ -5,6 +5,7 @@
 #include "dernierrecours.h"
 #include "dialoguescenario.h"
 #include "erreurs.h"
+#include "etatsfenetres.h"
 #include "francais.h"
 #include "lieux.h"
 #include "mdiform.h"
@@ -126,10 +127,12 @@ class TestShell : public QObject
 private slots:
     void initTestCase()
     {
+        reglages().clear();
         static_cast<Application *>(qApp)->proteger(&m_recours);
         m_fenetres.ajouter(u"wvalidate"_s, [](Contexte &) { return new Feuille(u"FrmDasValide"_s); });
         m_fenetres.ajouter(u"wImp"_s, [](Contexte &) { return new Feuille(u"Frm_imp"_s); });
         m_fenetres.ajouter(u"wPeriode"_s, [](Contexte &) { return new Feuille(u"frmPeriode"_s); });
+        m_fenetres.ajouter(u"wGen"_s, [](Contexte &) { return new Feuille(u"FrmGenCle"_s); });
         m_fenetres.ajouter(u"wTransfLgDas"_s, [this](Contexte &contexte) -> QWidget * {
             if (m_autorisee)
                 return new Feuille(u"frmexpdas"_s);
@@ -171,6 +174,9 @@ private slots:
                                       "  wValidListNom|Validation du Fichier Liste Nominative|\n"
                                       "  wValideDac|Validation de la DAC NOMINATIVE|\n"
                                       "  wGen|Générerateur de clés|\n"
+                                      "  ||\n"
+                                      "  wActiverDac|Activer la déclaration nominative|\n"
+                                      "  wActiverOutils|Activer les outils complémentaires|\n"
                                       "whelp|&Aide|\n"
                                       "  wman|Manuel d'utilisation|\n";
         const auto principale = ouvrirProgramme();
@@ -203,13 +209,54 @@ private slots:
         }
         actives.sort();
         // wPeriode has a window here, but is off in the delivered menu.
-        QCOMPARE(actives, (QStringList{u"wImp"_s, u"wTransfLgDas"_s, u"wdas"_s, u"wquit"_s, u"wvalidate"_s}));
+        QCOMPARE(actives, (QStringList{u"wActiverDac"_s, u"wActiverOutils"_s, u"wImp"_s, u"wTransfLgDas"_s,
+                                       u"wdas"_s, u"wquit"_s, u"wvalidate"_s}));
         for (const auto &[nom, active] : {std::pair(u"wFich"_s, true),
                                           {u"wimport"_s, true},
                                           {u"wci"_s, true},
                                           {u"wdecmentrim"_s, false},
                                           {u"whelp"_s, false}})
             QCOMPARE(entree(*principale, nom)->isEnabled(), active);
+    }
+
+    void groupesAActiver()
+    {
+        const auto actives = [](const MDIForm &principale) {
+            QStringList noms;
+            for (const char *nom : {"wPeriode", "wdecmentrim", "wValideDac", "wImpFichSal", "wGen", "wdetail",
+                                    "whelp", "wman"}) {
+                if (entree(principale, QString::fromLatin1(nom))->isEnabled())
+                    noms += QString::fromLatin1(nom);
+            }
+            return noms.join(u' ');
+        };
+        {
+            const auto principale = ouvrirProgramme();
+            QCOMPARE(actives(*principale), QString());
+            entree(*principale, u"wActiverDac"_s)->trigger();
+            // The validator of that file has no window here.
+            QCOMPARE(actives(*principale), u"wPeriode wdecmentrim"_s);
+            entree(*principale, u"wPeriode"_s)->trigger();
+            QCOMPARE(actives(*principale), u"wdecmentrim"_s);
+            // Turned off and on again while its window is open.
+            entree(*principale, u"wActiverDac"_s)->trigger();
+            entree(*principale, u"wActiverDac"_s)->trigger();
+            QCOMPARE(actives(*principale), u"wdecmentrim"_s);
+            feuille(*principale, u"frmPeriode"_s)->close();
+            QCOMPARE(actives(*principale), u"wPeriode wdecmentrim"_s);
+            principale->close();
+        }
+        {
+            const auto principale = ouvrirProgramme();
+            QVERIFY(entree(*principale, u"wActiverDac"_s)->isChecked());
+            QVERIFY(!entree(*principale, u"wActiverOutils"_s)->isChecked());
+            QCOMPARE(actives(*principale), u"wPeriode wdecmentrim"_s);
+            entree(*principale, u"wActiverDac"_s)->trigger();
+            entree(*principale, u"wActiverOutils"_s)->trigger();
+            QCOMPARE(actives(*principale), u"wGen"_s);
+            entree(*principale, u"wActiverOutils"_s)->trigger();
+        }
+        QCOMPARE(actives(*ouvrirProgramme()), QString());
     }
 
     void uneSeuleFenetre_data()

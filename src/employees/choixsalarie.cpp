@@ -1,0 +1,9 @@
+#include "choixsalarie.h"
+
+#include "enregistrement.h"
+
+ChoixSalarie choisirSalarie(const Enregistrement &ligne)
+{
+    return {true, ligne.texte(u"Num_Salarie"), ligne.entier(u"cpt_z"), ligne.texte(u"nom"),
+            ligne.texte(u"prenom")};
+}

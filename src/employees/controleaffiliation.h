@@ -1,0 +1,26 @@
+#pragma once
+
+#include "differencesaffiliation.h"
+#include "fichesalarie.h"
+
+#include <optional>
+
+class Connexion;
+class Dialogue;
+
+/// Why nothing is written: the clerk was told. The focus goes to the control of that name, and stays where it
+/// is when the name is empty.
+struct Refus
+{
+    QStringView champ;
+
+    friend bool operator==(const Refus &, const Refus &) = default;
+};
+
+/// The control of an employee's record, in the order of its rules. A rule either stops, or is collected with
+/// others into one list, behind which the clerk may save all the same.
+std::optional<Refus> ControleAffiliation(Affiliation ecran, const FicheSalarie &fiche, Connexion &cnx,
+                                         Dialogue &dialogue);
+
+/// Whether two stored or typed names are the same, whatever their case and the blanks behind them.
+bool memeNom(QStringView a, QStringView b);

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QStringView>
+
+#include <array>
+
+/// The two screens that write an employee: frm_add_sal and frm_mod_sal.
+enum class Affiliation { Creation, Modification };
+
+/// What a thing is on the one screen and on the other.
+template <typename T>
+struct Selon
+{
+    T creation;
+    T modification;
+
+    constexpr const T &operator[](Affiliation ecran) const
+    {
+        return ecran == Affiliation::Creation ? creation : modification;
+    }
+};
+
+/// All that tells the change of an employee from his entry, first the entry's, then the change's. What is not
+/// here is the same on both screens, but for the number itself: how a free one is found is told side by side
+/// in affiliation.cpp.
+namespace difference {
+
+// The control
+
+/// Whether a save without a number needs the clerk's accord, each time.
+inline constexpr Selon<bool> accordSansNumero{false, true};
+
+inline constexpr Selon<QStringView> acteManquant{
+    u"Numéro d'acte de naissance est obligatoire !",
+    u"Numéro d'acte de naissance non fournie, il est obligatoire pour la DAC Nominatif !"};
+
+/// Whether a nationality must be chosen before anything is asked of nationals. Otherwise nationals without
+/// one meet the rule of their own nationality, and only foreigners are asked to choose.
+inline constexpr Selon<bool> nationaliteDAbord{true, false};
+
+/// The NIN that counts as none. The entry's is one short of the field, so there eighteen zeros are checked
+/// like any other number: both are meant.
+inline constexpr Selon<QStringView> ninAbsent{u"00000000000000000", u"000000000000000000"};
+
+// The save
+
+inline constexpr Selon<QStringView> sansNumeroPermis{
+    u"le numéro SS à blanc ou 000000000000 n'est permis que pour une  nouvelle recrue de moins d'un mois à "
+    u"la "
+    "date de dépot de la DAS , merci",
+    u"le numéro SS à blanc ou 000000000000 n'est permis que pour une  nouvelle recrue de moins d'un mois, "
+    "merci"};
+
+/// Whether a family status that was stored as neither C nor M counts as unset. The entry has nothing else to
+/// choose from and asks only for an empty one.
+inline constexpr Selon<bool> autreSituationRefusee{false, true};
+
+inline constexpr Selon<QStringView> sansCompte{
+    u"Etes vous sur que ce salarié ne possède pas de numéros de compte CCP ou bancaire ?",
+    u" Etes vous sur que ce salarié ne possède pas de numéro de compte CCP ou bancaire ?"};
+
+inline constexpr Selon<QStringView> compteIncomplet{
+    u"Veuillez compléter le numéro de compte bancaire SVP",
+    u"Veuillez compléter le numéro de compte RIB bancaire SVP"};
+
+inline constexpr Selon<QStringView> compteErrone{
+    u"Votre compte bancaire est erroné !",
+    u"Votre compte RIB bancaire est incorrecte, veuillez le corriger SVP !"};
+
+/// Whether the address is trimmed and cut to its first 40 characters. The entry stores up to 50.
+inline constexpr Selon<bool> adresseA40{false, true};
+
+/// Whether the parents' names are trimmed.
+inline constexpr Selon<bool> parentsRognes{false, true};
+
+inline constexpr Selon<QStringView> succes{u"Salarié Ajouté Avec Succès!", u"Salarié Modifié avec Succès!"};
+
+// The screen
+
+inline constexpr Selon<QStringView> titre{u"AFFILIATION SALARIE", u"MODIFICATION AFFILIATION SALARIE"};
+
+inline constexpr Selon<QStringView> boutonOk{u"Créer", u"Enregistrer"};
+
+/// The place of birth that no rule reads.
+inline constexpr Selon<bool> aLieuNaissance{true, false};
+
+/// A commune without a wilaya: the entry warns once one is chosen, the change tells it on entering the field
+/// and moves on to the wilaya.
+inline constexpr Selon<QStringView> communeSansWilaya{u"Veuillez sélectionner la wilaya en premier !",
+                                                      u"Veuillez sélectionnez la wilaya en premier !"};
+
+/// The fields whose content is selected on entering them, up to the first empty name.
+inline constexpr Selon<std::array<QStringView, 4>> selectionnesALEntree{
+    {{u"num_salmask"}}, {{u"num_salmask", u"MskNTel", u"TxtEmail", u"TxtPIN"}}};
+
+} // namespace difference

@@ -1,0 +1,151 @@
+#include "importsalaries.h"
+
+#include "base.h"
+#include "date.h"
+#include "dialogue.h"
+#include "fichesalarie.h"
+#include "texte.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView marque = u"KORVANDEL SALARIE VER 1.0";
+
+/// A field of a line: where it stands, from 0, and the column that it fills.
+struct ChampFichier
+{
+    QStringView colonne;
+    int debut;
+    int longueur;
+};
+
+constexpr ChampFichier champsEmployeur[] = {
+    {u"num_emp", 0, 8},
+    {u"rais_soc", 8, 40},
+    {u"adresse", 48, 40},
+};
+
+constexpr ChampFichier champsSalarie[] = {
+    {u"Num_Salarie", 0, 12}, {u"nom", 12, 15},        {u"prenom", 27, 15},  {u"sf", 42, 1},
+    {u"date_naiss", 43, 10}, {u"lieu_naiss", 53, 40}, {u"adresse", 93, 40}, {u"profes", 133, 20},
+    {u"ville", 153, 50},     {u"c_postal", 203, 5},   {u"presume", 208, 1}, {u"etranger", 209, 1},
+};
+
+QStringView couper(QStringView ligne, const ChampFichier &champ)
+{
+    return Trim(ligne.mid(champ.debut, champ.longueur));
+}
+
+/// Reads the next line without its end; only the head of an overlong one, in which no field stands further
+/// back. @throws ErreurFichier when there is none or it can't be read
+QString lireLigne(QFile &fichier)
+{
+    constexpr qint64 utile = 512;
+    QByteArray ligne = fichier.readLine(utile);
+    if (ligne.isEmpty())
+        throw ErreurFichier(u"Le fichier « %1 » n'a plus de ligne à lire."_s.arg(fichier.fileName()));
+    for (QByteArray suite = ligne; !suite.isEmpty() && !suite.endsWith('\n');)
+        suite = fichier.readLine(64 * 1024);
+    if (ligne.endsWith('\n'))
+        ligne.chop(ligne.endsWith("\r\n") ? 2 : 1);
+    return decoder(ligne);
+}
+
+/// @return whether the employer is a new one
+bool importerEmployeur(Base &base, QStringView ligne, Dialogue &dialogue)
+{
+    Champs champs;
+    for (const ChampFichier &champ : champsEmployeur)
+        champs.append({champ.colonne.toString(), couper(ligne, champ)});
+    const QStringView numero = couper(ligne, champsEmployeur[0]);
+    if (base.Cnx.existe(u"SELECT 1 FROM employeur WHERE num_emp = ?"_s, {numero}))
+        return false;
+    champs.append({u"tel"_s, u""_s});
+    champs.append({u"Mail"_s, u""_s});
+    base.RsEmployeur.ajouter(champs);
+    dialogue.informer(u"Employeur: %1\n%2\najouté."_s.arg(numero, couper(ligne, champsEmployeur[1])));
+    return true;
+}
+
+class AjoutSalaries
+{
+public:
+    explicit AjoutSalaries(Connexion &cnx) : m_cnx(cnx)
+    {
+        QStringList marques;
+        for (const ChampFichier &champ : champsSalarie) {
+            m_colonnes += champ.colonne.toString();
+            marques += u"?"_s;
+        }
+        // The file has no cpt_z; the lines of declarations refer to the employee by it.
+        m_sql = u"INSERT INTO salarie (%1, cpt_z) VALUES (%2, 1)"_s.arg(m_colonnes.join(u", "),
+                                                                        marques.join(u", "));
+    }
+
+    /// @return false when the table holds the number already
+    bool ajouter(QStringView ligne)
+    {
+        if (m_cnx.existe(u"SELECT 1 FROM salarie WHERE Num_Salarie = ?"_s, {couper(ligne, champsSalarie[0])}))
+            return false;
+        Valeurs valeurs;
+        for (const ChampFichier &champ : champsSalarie) {
+            const QStringView texte = couper(ligne, champ);
+            valeurs += champ.colonne == u"date_naiss" ? Valeur(LireDate(texte)) : Valeur(texte);
+        }
+        m_cnx.executer(m_sql, valeurs, m_colonnes);
+        return true;
+    }
+
+private:
+    Connexion &m_cnx;
+    QStringList m_colonnes;
+    QString m_sql;
+};
+
+ImportSalaries importer(QFile &fichier, Base &base, Dialogue &dialogue, const SuiviImport &suivi)
+{
+    ImportSalaries resultat;
+    resultat.employeurAjoute = importerEmployeur(base, lireLigne(fichier), dialogue);
+    suivi.avancer(0);
+    AjoutSalaries salaries(base.Cnx);
+    while (!fichier.atEnd()) {
+        ++(salaries.ajouter(lireLigne(fichier)) ? resultat.ajoutes : resultat.ignores);
+        suivi.avancer(resultat.ajoutes + resultat.ignores);
+    }
+    if (fichier.error() != QFileDevice::NoError)
+        throw ErreurFichier(fichier.errorString());
+    resultat.fait = true;
+    return resultat;
+}
+
+} // namespace
+
+ImportSalaries ImporterSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi)
+{
+    const QString chemin = dialogue.choisirFichier(u"Importation de salariés"_s,
+                                                   u"Fichiers texte (*.txt);;Tous les fichiers (*)"_s);
+    if (chemin.isEmpty())
+        return {};
+    ImportSalaries resultat;
+    try {
+        QFile fichier(chemin);
+        if (!fichier.open(QIODevice::ReadOnly))
+            throw ErreurFichier(fichier.errorString());
+        if (lireLigne(fichier) != marque) {
+            dialogue.avertir(u"Fichier incorrect! Importation échouée!!"_s);
+            return {};
+        }
+        Transaction transaction(base.Cnx);
+        resultat = importer(fichier, base, dialogue, suivi);
+        transaction.commit();
+    } catch (const Erreur &) {
+        return {}; // without a word: that is required
+    }
+    suivi.compter(resultat);
+    dialogue.informer(u"Lecture Du Fichier Effectuée Avec Succès !  Résultat Affiché !"_s);
+    base.RsSalarie.requery();
+    return resultat;
+}

@@ -1,0 +1,50 @@
+#include "salaries.h"
+
+#include "base.h"
+#include "dialogue.h"
+#include "texte.h"
+
+using namespace Qt::StringLiterals;
+
+bool ChercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView texte)
+{
+    const QStringView debut = Trim(texte);
+    if (salaries.vide() || debut.isEmpty() || critere == CritereSalarie::Aucun)
+        return false;
+    salaries.ouvrir(commencePar(critere == CritereSalarie::Nom ? u"nom"_s : u"Num_Salarie"_s, debut));
+    return true;
+}
+
+void MontrerTousSalaries(Recordset &salaries)
+{
+    const Enregistrement courant = salaries.courant();
+    salaries.ouvrir();
+    if (!courant.estVide()) {
+        salaries.allerA(salaries.chercher(
+            {{u"Num_Salarie"_s, courant.texte(u"Num_Salarie")}, {u"cpt_z"_s, courant.entier(u"cpt_z")}}));
+    }
+}
+
+QString NationaliteSalarie(Connexion &cnx, QStringView numero)
+{
+    const Enregistrement premiere = cnx.premiere(
+        u"SELECT Libelle FROM Nationalite WHERE ID = (SELECT IdNat FROM salarie WHERE Num_Salarie = ? "
+        "AND IdNat IN (SELECT ID FROM Nationalite) ORDER BY rowid LIMIT 1) ORDER BY rowid LIMIT 1"_s,
+        {Trim(numero)});
+    return premiere.estVide() ? QString() : Trim(premiere.texte(0)).toString();
+}
+
+void SupprimerSalarie(Base &base, Dialogue &dialogue)
+{
+    const Enregistrement courant = base.RsSalarie.courant();
+    if (courant.estVide())
+        return;
+    if (!dialogue.demander(u"Confirmer la Suppression?"_s, u"Confirmation"_s))
+        return;
+    if (base.Cnx.existe(u"SELECT 1 FROM ligne_das WHERE num_salarie = ? AND cpt_z = ?"_s,
+                        {courant.texte(u"Num_Salarie"), courant.entier(u"cpt_z")})) {
+        dialogue.avertir(u"Il Existe Une ou Plusieurs Lignes DAS pour ce Salarié, Supprimez Les d'abord"_s);
+        return;
+    }
+    base.RsSalarie.supprimer();
+}
