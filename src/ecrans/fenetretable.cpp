@@ -12,6 +12,7 @@ FenetreTable::FenetreTable(Contexte &contexte, Recordset &recordset)
 
 void FenetreTable::relier(const Controles &controles, const QList<ColonneGrille> &colonnes)
 {
+    boutonsParEntree(*this);
     controles.grille->lier(m_recordset, colonnes, m_dernierRecours);
     marquerFermeture(*controles.fermer);
     surClic(controles.fermer, [this] { close(); });

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -62,6 +63,13 @@ void reprendreSaisie(QWidget &champ)
         texte = liste->lineEdit();
     if (texte)
         texte->selectAll();
+}
+
+void boutonsParEntree(QWidget &feuille)
+{
+    const auto boutons = feuille.findChildren<QPushButton *>();
+    for (QPushButton *bouton : boutons)
+        bouton->setAutoDefault(true);
 }
 
 void marquerFermeture(QAbstractButton &bouton) { bouton.setProperty(Fermeture, true); }

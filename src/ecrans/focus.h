@@ -10,6 +10,9 @@ class QAbstractButton;
 /// Gives the focus back to a refused field, with its text selected.
 void reprendreSaisie(QWidget &champ);
 
+/// Lets Enter press the button that has the focus, as in a dialog.
+void boutonsParEntree(QWidget &feuille);
+
 /// Marks a button that closes its window: going to it is not leaving a field.
 void marquerFermeture(QAbstractButton &bouton);
 

@@ -52,9 +52,9 @@ class Comptes
 {
 public:
     Comptes(Affiliation ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
-            const EcranAffiliation &fenetre)
+            const SuiviAffiliation &suivi)
         : m_ecran(ecran), m_fiche(fiche), m_banc(fiche.num_cpt_bancedit), m_ccp(fiche.num_cpt_ccpedit),
-          m_cnx(cnx), m_dialogue(dialogue), m_fenetre(fenetre)
+          m_cnx(cnx), m_dialogue(dialogue), m_suivi(suivi)
     {
     }
 
@@ -82,7 +82,7 @@ private:
     void reecrire(QString &champ, const QString &valeur)
     {
         champ = valeur;
-        m_fenetre.montrer(m_fiche);
+        m_suivi.montrer(m_fiche);
     }
 
     Issue sansCompte()
@@ -188,20 +188,20 @@ private:
     QString &m_ccp;
     Connexion &m_cnx;
     Dialogue &m_dialogue;
-    const EcranAffiliation &m_fenetre;
+    const SuiviAffiliation &m_suivi;
 };
 
 /// The steps of both saves behind the number: what is completed, and all rules of the accounts.
 Issue completer(Affiliation ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
-                const EcranAffiliation &fenetre)
+                const SuiviAffiliation &suivi)
 {
     completerSituation(ecran, fiche);
-    fenetre.montrer(fiche);
-    if (Issue refus = Comptes(ecran, fiche, cnx, dialogue, fenetre).passer())
+    suivi.montrer(fiche);
+    if (Issue refus = Comptes(ecran, fiche, cnx, dialogue, suivi).passer())
         return refus;
     if (fiche.TxtPIN.size() != 15)
         fiche.TxtPIN = ZerosGauche(Trim(fiche.TxtPIN));
-    fenetre.montrer(fiche);
+    suivi.montrer(fiche);
     return {};
 }
 
@@ -318,7 +318,7 @@ void revenirSur(Recordset &salaries, const AncienNumero &ancien)
 } // namespace
 
 std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
-                                  const EcranAffiliation &ecran)
+                                  const SuiviAffiliation &suivi)
 {
     constexpr auto creation = Affiliation::Creation;
     if (Issue refus = ControleAffiliation(creation, fiche, base.Cnx, dialogue))
@@ -332,19 +332,19 @@ std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dia
     const qint64 cpt_z = fiche.blancCheck ? cptSuivant(base.Cnx) : 1;
 
     MontrerTousSalaries(base.RsSalarie);
-    if (Issue refus = completer(creation, fiche, base.Cnx, dialogue, ecran))
+    if (Issue refus = completer(creation, fiche, base.Cnx, dialogue, suivi))
         return refus;
 
     base.RsSalarie.ajouter(champsSalarie(creation, fiche, cpt_z));
     base.RsSalarie.requery();
     fiche = ficheApresCreation();
-    ecran.terminer();
+    suivi.terminer();
     dialogue.informer(difference::succes[creation].toString());
     return {};
 }
 
 std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
-                                     Dialogue &dialogue, const EcranAffiliation &ecran)
+                                     Dialogue &dialogue, const SuiviAffiliation &suivi)
 {
     constexpr auto modification = Affiliation::Modification;
     qint64 cpt_z = ancien.cpt_z;
@@ -357,14 +357,14 @@ std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &an
     if (autreNumero && !changementAdmis(fiche, ancien, cpt_z, base.Cnx, dialogue)) {
         fiche.num_salmask = ancien.chiffres;
         fiche.clemask = ancien.cle;
-        ecran.montrer(fiche);
+        suivi.montrer(fiche);
         return sansFocus;
     }
     if (base.RsSalarie.vide()) {
         dialogue.avertir(u"Aucun Elément à Modifier"_s);
         return sansFocus;
     }
-    if (Issue refus = completer(modification, fiche, base.Cnx, dialogue, ecran))
+    if (Issue refus = completer(modification, fiche, base.Cnx, dialogue, suivi))
         return refus;
 
     revenirSur(base.RsSalarie, ancien);
@@ -377,7 +377,7 @@ std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &an
     base.RsSalarie.requery();
     if (autreNumero)
         relireLignes(base);
-    ecran.terminer();
+    suivi.terminer();
     dialogue.informer(difference::succes[modification].toString());
     return {};
 }

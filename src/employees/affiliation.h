@@ -7,7 +7,7 @@
 class Base;
 
 /// What a save does to its screen.
-struct EcranAffiliation
+struct SuiviAffiliation
 {
     /// Shows the fields that the save has rewritten, before the clerk is told more.
     std::function<void(const FicheSalarie &)> montrer;
@@ -20,10 +20,10 @@ struct EcranAffiliation
 /// the whole table then, on the new row, and after a refusal by the accounts too.
 /// @return why nothing was written, or nothing
 std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
-                                  const EcranAffiliation &ecran);
+                                  const SuiviAffiliation &suivi);
 
 /// Checks and changes the employee of that number, in one transaction with the declaration lines that carry
 /// it when its ten digits change. A refused change of the number puts the old one back into the record.
 /// @throws ErreurBase when another program has changed or deleted the employee meanwhile
 std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
-                                     Dialogue &dialogue, const EcranAffiliation &ecran);
+                                     Dialogue &dialogue, const SuiviAffiliation &suivi);

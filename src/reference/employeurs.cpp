@@ -127,6 +127,13 @@ Champs champs(const FicheEmployeur &fiche)
             {u"Mail"_s, fiche.mailEdit}};
 }
 
+/// A sorted list has been read again by the change of a row, and sorting thousands twice would be felt.
+void relire(Recordset &employeurs)
+{
+    if (employeurs.tri().isEmpty())
+        employeurs.requery();
+}
+
 } // namespace
 
 RefusEmployeur CtrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue)
@@ -139,7 +146,7 @@ RefusEmployeur CreerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialo
     if (RefusEmployeur refus = ctrlNouvelEmployeur(base, fiche, dialogue))
         return refus;
     base.RsEmployeur.ajouter(champs(fiche));
-    base.RsEmployeur.requery();
+    relire(base.RsEmployeur);
     return {};
 }
 
@@ -166,7 +173,7 @@ RefusEmployeur ModifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheE
     if (RefusEmployeur refus = ctrlEmployeurModifie(base, fiche, lue, dialogue))
         return refus;
     base.RsEmployeur.modifier(champs(fiche));
-    base.RsEmployeur.requery();
+    relire(base.RsEmployeur);
     return {};
 }
 

@@ -3,6 +3,11 @@
 #include "calendrier.h"
 #include "dernierrecours.h"
 #include "dialogueqt.h"
+#include "fenetrescampagnes.h"
+#include "fenetresemployeurs.h"
+#include "fenetresnationalites.h"
+#include "fenetresoutils.h"
+#include "fenetressalaries.h"
 #include "fenetresvalidateurs.h"
 #include "francais.h"
 #include "mdiform.h"
@@ -20,7 +25,12 @@ int main(int argc, char **argv)
     application.proteger(&dernierRecours);
     BornesDePeriode bornes;
     RegistreFenetres fenetres;
+    ajouterFenetresCampagnes(fenetres);
+    ajouterFenetresSalaries(fenetres);
+    ajouterFenetresNationalites(fenetres);
+    ajouterFenetresEmployeurs(fenetres);
     ajouterFenetresValidateurs(fenetres);
+    ajouterFenetresOutils(fenetres);
 
     MDIForm principale(base, dialogue, dernierRecours, bornes, fenetres);
     principale.show();

@@ -1,6 +1,5 @@
 #include "formats.h"
 
-#include "erreurs.h"
 #include "lecteurlignes.h"
 #include "validateurdas.h"
 
@@ -53,10 +52,7 @@ Format formatDeNom(QStringView nom)
 Format formatDeFichier(const QString &chemin)
 {
     QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(
-            QFileInfo(chemin).fileName(), fichier.errorString()));
-    }
+    ouvrir(fichier, QFileInfo(chemin).fileName());
     LecteurLignes lecteur(fichier);
     if (lecteur.finie())
         return Format::Inconnu;

@@ -3,7 +3,8 @@
 #include "erreurs.h"
 #include "texte.h"
 
-#include <QIODevice>
+#include <QFile>
+#include <QFileInfo>
 
 #include <cstring>
 
@@ -66,6 +67,24 @@ QByteArrayView LecteurLignes::lire()
     m_debut = m_fin;
     m_octetsLus += vus;
     return ligne;
+}
+
+void ouvrir(QIODevice &source, const QString &nom)
+{
+    if (source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return;
+    // The usual reasons in our own words: those of Qt and of the system are not always French.
+    QString raison = source.errorString();
+    if (const auto *fichier = qobject_cast<const QFile *>(&source)) {
+        const QFileInfo info(*fichier);
+        if (!info.exists())
+            raison = u"il n'existe pas."_s;
+        else if (info.isDir())
+            raison = u"c'est un dossier."_s;
+        else if (!info.isReadable())
+            raison = u"vous n'avez pas le droit de le lire."_s;
+    }
+    throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, raison));
 }
 
 QString marqueDe(QByteArrayView octets)

@@ -1,6 +1,9 @@
 #include "listeserreurs.h"
 
+#include "erreurs.h"
 #include "texte.h"
+
+using namespace Qt::StringLiterals;
 
 void ListeTextes::ajouter(QStringView texte)
 {
@@ -20,6 +23,11 @@ QString ListeTextes::operator[](qsizetype i) const
 void ListesErreurs::ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom,
                             QStringView mots)
 {
+    constexpr qsizetype places = 5 * sizeof(qsizetype);
+    const qsizetype taille = entree.size() + numero.size() + nom.size() + mots.size() + places;
+    if (taille > TailleMax - m_octets)
+        throw ErreurFichier(u"Le fichier a trop d'erreurs pour qu'elles soient listées."_s);
+    m_octets += taille;
     Entrees.ajouter(entree);
     O.push_back(ligne);
     N.ajouter(numero);
@@ -34,4 +42,5 @@ void ListesErreurs::vider()
     N.vider();
     NP.vider();
     m_debutMots = E.taille();
+    m_octets = 0;
 }

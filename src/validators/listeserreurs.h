@@ -26,6 +26,11 @@ private:
 class ListesErreurs
 {
 public:
+    /// The texts of one extraction take no more than so many bytes: millions of errors, and no file can ask
+    /// for any amount of memory.
+    static constexpr qsizetype TailleMax = 1024 * 1024 * 1024;
+
+    /// @throws ErreurFichier beyond TailleMax
     void ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom, QStringView mots);
 
     /// Empties the lists for a new extraction, all but the words: those of earlier extractions stay in front
@@ -50,4 +55,5 @@ public:
 
 private:
     qsizetype m_debutMots = 0;
+    qsizetype m_octets = 0;
 };

@@ -22,10 +22,13 @@ constexpr qint64 PasAvancement = 1024 * 1024;
 
 void CumulSalaires::ajouter(double entier, int centiemes)
 {
-    constexpr double limite = 1e13;
+    constexpr double limite = 1e15;
     constexpr qint64 comble = std::numeric_limits<qint64>::max() / 2;
     if (std::abs(entier) >= limite || m_centiemes > comble || m_centiemes < -comble) {
-        m_debordement += entier + centiemes / 100.0;
+        const double debordement = m_debordement + entier + centiemes / 100.0;
+        if (!std::isfinite(debordement))
+            throw ErreurConversion(u"Dépassement de capacité : le total des salaires est trop grand."_s);
+        m_debordement = debordement;
         return;
     }
     m_centiemes += static_cast<qint64>(entier) * 100 + centiemes;
@@ -60,9 +63,8 @@ Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &di
         return interrompre(u"Aucun fichier n'a été sélectionné !!!"_s);
     if (!m_nomFichier.endsWith(u".TXT"))
         return interrompre(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s);
-    if (!source.isOpen() && !source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw ErreurFichier(
-            u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, source.errorString()));
+    if (!source.isOpen())
+        ouvrir(source, nom);
     m_total = source.size();
     LecteurLignes lecteur(source);
     try {
@@ -100,6 +102,9 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
         }
     }
     m_lus = lecteur.octetsLus();
+    // A file that shrank meanwhile may end between two lines: its verdict would be that of another file.
+    if (m_lus < m_total)
+        throw ErreurFichier(u"Le fichier a été raccourci pendant sa lecture."_s);
 
     dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
                         QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +

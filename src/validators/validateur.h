@@ -31,8 +31,13 @@ enum class Classe {
 class CumulSalaires
 {
 public:
+    /// @throws ErreurConversion when no floating-point number holds the sum
     void ajouter(double entier, int centiemes);
-    double valeur() const { return static_cast<double>(m_centiemes) / 100 + m_debordement; }
+    double valeur() const
+    {
+        const auto entier = static_cast<double>(m_centiemes / 100);
+        return entier + static_cast<double>(m_centiemes % 100) / 100 + m_debordement;
+    }
 
 private:
     qint64 m_centiemes = 0;

@@ -558,15 +558,16 @@ Verdict ValidateurDas::conclure()
     annoncerTaux();
 
     permettreOnglets();
-    nommerOnglets();
     m_resultat2 = comparerTotaux();
 
-    if (!rejetDur && !(tauxSS < 100) && !(tauxSansCompte > 10))
-        return Verdict::Acceptee;
-    dialogue().avertir(
-        u"Votre Das Contient des Erreurs !!!\nElle sera retournée par la KORVANDEL !!!\nVeuillez Corriger votre Fichier avant envoi, S.V.P!!!"_s);
-    m_resultat2 += u'\n';
-    return Verdict::Rejetee;
+    const bool retournee = rejetDur || tauxSS < 100 || tauxSansCompte > 10;
+    if (retournee) {
+        dialogue().avertir(
+            u"Votre Das Contient des Erreurs !!!\nElle sera retournée par la KORVANDEL !!!\nVeuillez Corriger votre Fichier avant envoi, S.V.P!!!"_s);
+        m_resultat2 += u'\n';
+    }
+    nommerOnglets();
+    return retournee ? Verdict::Rejetee : Verdict::Acceptee;
 }
 
 void ValidateurDas::annoncerTaux()

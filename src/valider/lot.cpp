@@ -3,6 +3,7 @@
 #include "erreurs.h"
 #include "texte.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -26,8 +27,9 @@ bool DialogueEnregistreur::montrer(const Boite &boite)
     return boite.premierParDefaut;
 }
 
-Resultat validerFichier(const QString &chemin, Format impose)
+Resultat validerFichier(const QString &donne, Format impose)
 {
+    const QString chemin = QDir::cleanPath(donne); // a folder keeps its name when it is given as "folder/"
     Resultat resultat;
     DialogueEnregistreur dialogue;
     try {

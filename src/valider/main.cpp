@@ -40,8 +40,12 @@ int main(int argc, char *argv[])
     lecteur.addOption({u"json"_s, {}});
     lecteur.addOption({u"format"_s, {}, u"format"_s});
     lecteur.addOption({{u"h"_s, u"help"_s, u"aide"_s}, {}});
-    if (!lecteur.parse(application.arguments()))
-        return refuserUsage(lecteur.errorText());
+    if (!lecteur.parse(application.arguments())) {
+        const QStringList inconnues = lecteur.unknownOptionNames();
+        return refuserUsage(inconnues.isEmpty()
+                                ? u"Il manque le nom du format, ou une option a une valeur de trop."_s
+                                : u"Option inconnue : « %1 »."_s.arg(inconnues.first()));
+    }
     if (lecteur.isSet(u"help"_s)) {
         std::fputs(usage, stdout);
         return Acceptees;

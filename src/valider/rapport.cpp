@@ -5,8 +5,6 @@
 
 #include <QLocale>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,10 +39,7 @@ QByteArray membre(const char *nom, const QByteArray &valeur)
     return QByteArray("\"") + nom + "\": " + valeur;
 }
 
-QByteArray nombre(double valeur)
-{
-    return std::isfinite(valeur) ? QByteArray::number(valeur, 'g', QLocale::FloatingPointShortest) : "null";
-}
+QByteArray nombre(double valeur) { return QByteArray::number(valeur, 'g', QLocale::FloatingPointShortest); }
 
 const char *nomIcone(Icone icone)
 {
@@ -79,10 +74,12 @@ void ecrireListe(const char *nom, const ListesErreurs &listes, const Sortie &sor
 {
     sortie(QByteArray(", \"") + nom + "\": [");
     for (qsizetype i = 0; i < listes.taille(); ++i) {
-        sortie((i == 0 ? "{" : ", {") + membre("entree", chaine(listes.Entrees[i])) + ", " +
-               membre("ligne", QByteArray::number(listes.O[static_cast<std::size_t>(i)])) + ", " +
-               membre("numero", chaine(listes.N[i])) + ", " + membre("nom", chaine(listes.NP[i])) + ", " +
-               membre("mots", chaine(listes.E[i])) + "}");
+        // Member by member: a single text may be as large as the file.
+        sortie((i == 0 ? "{" : ", {") + membre("entree", chaine(listes.Entrees[i])));
+        sortie(", " + membre("ligne", QByteArray::number(listes.O[static_cast<std::size_t>(i)])) + ", " +
+               membre("numero", chaine(listes.N[i])));
+        sortie(", " + membre("nom", chaine(listes.NP[i])));
+        sortie(", " + membre("mots", chaine(listes.E[i])) + "}");
     }
     sortie("]");
 }

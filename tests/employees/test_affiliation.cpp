@@ -72,7 +72,7 @@ struct EcranNote
 {
     QList<FicheSalarie> montrees;
     int termine = 0;
-    EcranAffiliation ecran{[this](const FicheSalarie &fiche) { montrees += fiche; }, [this] { ++termine; }};
+    SuiviAffiliation suivi{[this](const FicheSalarie &fiche) { montrees += fiche; }, [this] { ++termine; }};
 };
 
 /// The clerk who says yes to everything.
@@ -115,7 +115,7 @@ std::optional<Refus> changerNumero(Base &base, const QString &chiffres, const QS
     FicheSalarie fiche = ficheNationale();
     fiche.num_salmask = chiffres;
     fiche.clemask = cle;
-    const auto refus = ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.ecran);
+    const auto refus = ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi);
     return refus;
 }
 
@@ -364,7 +364,7 @@ private slots:
         DialogueScenario dialogue;
         EcranNote note;
         dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-        QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.ecran));
+        QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
 
         QCOMPARE(
             donnees.lignes(u"SELECT * FROM salarie"_s),
@@ -380,7 +380,7 @@ private slots:
         FicheSalarie encore = ficheNationale();
         encore.nomedit = u"D'été"_s;
         dialogue.attendreAvertissement(u"Ce Numéro de Salarié Existe Déja!"_s);
-        QVERIFY(CreerSalarie(encore, donnees.base, dialogue, note.ecran) == Refus{});
+        QVERIFY(CreerSalarie(encore, donnees.base, dialogue, note.suivi) == Refus{});
 
         // A foreigner's place of birth is not stored, nor are certificate and NIN asked for.
         FicheSalarie etranger = ficheEtrangere();
@@ -391,12 +391,12 @@ private slots:
         etranger.num_cpt_ccpedit = u" "_s;
         dialogue.attendreAvertissement(
             u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, u"control de clés SS"_s);
-        QVERIFY(CreerSalarie(etranger, donnees.base, dialogue, note.ecran) == Refus{u"num_salmask"});
+        QVERIFY(CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask"});
         etranger.num_salmask = u"8800000000"_s;
         etranger.clemask = CleSS(etranger.num_salmask);
         dialogue.attendreInformation(u"Ce salarié ne possède pas de numéros de compte CCP ou bancaire"_s);
         dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-        QVERIFY(!CreerSalarie(etranger, donnees.base, dialogue, note.ecran));
+        QVERIFY(!CreerSalarie(etranger, donnees.base, dialogue, note.suivi));
         QCOMPARE(donnees.lignes(u"SELECT etranger, lieu_naiss, CommuneNaiss, IdNat, sexe, NIN, NumActeNaiss "
                                 "FROM salarie WHERE rowid = 2"_s),
                  QStringList{u"O|||005|F|000000000000000000|00000"_s});
@@ -416,7 +416,7 @@ private slots:
             cocherBlanc(fiche, true);
             dialogue.attendreInformation(permis);
             dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-            QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.ecran));
+            QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
         }
         QCOMPARE(donnees.lignes(clesSalarie), (QStringList{u"110000000000|9"_s, u"000000000000|1"_s,
                                                            u"000000000000|2"_s, u"000000000000|3"_s}));
@@ -426,7 +426,7 @@ private slots:
         fiche.num_salmask = u"0000000000"_s;
         fiche.clemask = u"00"_s;
         dialogue.attendreInformation(permis);
-        QVERIFY_THROWS_EXCEPTION(ErreurSql, CreerSalarie(fiche, donnees.base, dialogue, note.ecran));
+        QVERIFY_THROWS_EXCEPTION(ErreurSql, CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
         QCOMPARE(note.termine, 3);
         QCOMPARE(donnees.base.RsSalarie.nombre(), 4);
     }
@@ -554,8 +554,8 @@ private slots:
             const QStringList avant = donnees.lignes(u"SELECT * FROM salarie"_s);
             EcranNote note;
             const auto refus = ecran == Creation
-                                   ? CreerSalarie(fiche, donnees.base, dialogue, note.ecran)
-                                   : ModifierSalarie(fiche, ancien, donnees.base, dialogue, note.ecran);
+                                   ? CreerSalarie(fiche, donnees.base, dialogue, note.suivi)
+                                   : ModifierSalarie(fiche, ancien, donnees.base, dialogue, note.suivi);
             QVERIFY(dialogue.acheve());
             QCOMPARE(refus.has_value(), refuse);
             QCOMPARE(note.termine, refuse ? 0 : 1);
@@ -635,7 +635,7 @@ private slots:
         DialogueScenario dialogue;
         EcranNote note;
         dialogue.attendreInformation(u"Salarié Modifié avec Succès!"_s);
-        QVERIFY(!ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.ecran));
+        QVERIFY(!ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi));
         QCOMPARE(donnees.lignes(
                      u"SELECT sf, banque, agence_banque, adresse, PrenomPere, CinNumber FROM salarie"_s),
                  QStringList{u"C|||A0123456789 B0123456789 C0123456789 D012|PAUL|000000000000000"_s});
@@ -647,14 +647,14 @@ private slots:
         remplie.fiche.MskNin = QString(18, u'0');
         dialogue.attendreAvertissement(
             u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s);
-        QVERIFY(ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.ecran) == Refus{});
+        QVERIFY(ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
 
         // Without rows there is nothing to change.
         base.Cnx.executer(u"DELETE FROM salarie"_s);
         base.RsSalarie.requery();
         FicheSalarie fiche = ficheNationale();
         dialogue.attendreAvertissement(u"Aucun Elément à Modifier"_s);
-        QVERIFY(ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.ecran) == Refus{});
+        QVERIFY(ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
         QCOMPARE(note.termine, 1);
     }
 
@@ -801,7 +801,7 @@ private slots:
         EcranNote note;
         for (int i = 0; i < 2; ++i) {
             QVERIFY_THROWS_EXCEPTION(ErreurBase, ModifierSalarie(remplie.fiche, remplie.ancien, donnees.base,
-                                                                 dialogue, note.ecran));
+                                                                 dialogue, note.suivi));
         }
         QCOMPARE(donnees.lignes(clesSalarie), QStringList{u"000000000000|1"_s});
         QCOMPARE(note.termine, 0);

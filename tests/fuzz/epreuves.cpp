@@ -95,16 +95,25 @@ void eprouverCoupe(Decoupeur &decoupeur, const QByteArray &ligne)
                "a field is what stands between two \";\"");
 }
 
+/// A file that is cut short after its size was asked.
+class Raccourci : public QBuffer
+{
+public:
+    using QBuffer::QBuffer;
+    qint64 size() const override { return QBuffer::size() + 1; }
+};
+
 struct Extraction
 {
     Verdict verdict;
     QList<Boite> boites;
 };
 
+template <typename Source = QBuffer>
 Extraction extraire(Validateur &validateur, QByteArrayView octets)
 {
     QByteArray donnees = octets.toByteArray();
-    QBuffer source(&donnees);
+    Source source(&donnees);
     DialogueEnregistreur dialogue;
     const Verdict verdict = validateur.extraire(source, u"12345678_das_2024.txt"_s, dialogue);
     return {verdict, dialogue.boites};
@@ -165,6 +174,9 @@ void eprouverFichier(QByteArrayView octets)
     exiger(seconde.verdict == premiere.verdict && seconde.boites == premiere.boites,
            "the same file is judged alike twice");
     exiger(validateur.rejets.E.taille() == 2 * mots, "the words of the first extraction stay");
+
+    exiger(extraire<Raccourci>(validateur, octets).verdict == Verdict::Interrompue,
+           "a file that shrank gets no verdict");
 }
 
 } // namespace

@@ -1,0 +1,13 @@
+#include "fenetressalaries.h"
+
+#include "frmimpsal.h"
+#include "frmsalarie.h"
+#include "registrefenetres.h"
+
+using namespace Qt::StringLiterals;
+
+void ajouterFenetresSalaries(RegistreFenetres &registre)
+{
+    registre.ajouter(u"wsal"_s, [](Contexte &contexte) { return new frmsalarie(contexte); });
+    registre.ajouter(u"wImpFichSal"_s, [](Contexte &contexte) { return new FrmImpSal(contexte); });
+}

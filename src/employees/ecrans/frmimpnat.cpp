@@ -1,0 +1,36 @@
+#include "frmimpnat.h"
+
+#include "base.h"
+#include "contexte.h"
+#include "dernierrecours.h"
+#include "focus.h"
+#include "lieux.h"
+#include "nationalites.h"
+#include "ui_frmimpnat.h"
+
+#include <QDir>
+
+FrmImpNat::FrmImpNat(Contexte &contexte) : m_contexte(contexte), m_ui(std::make_unique<Ui::FrmImpNat>())
+{
+    m_ui->setupUi(this);
+    boutonsParEntree(*this);
+    m_ui->LabFichier->setText(QDir::toNativeSeparators(cheminCountry()));
+    m_contexte.base.RsNationalite.requery();
+    montrerNombre();
+    DernierRecours &recours = m_contexte.dernierRecours;
+    recours.connecter(m_ui->CmdImport, &QPushButton::clicked, this, [this] { importer(); });
+    recours.connecter(m_ui->Command1, &QPushButton::clicked, this, [this] { close(); });
+}
+
+FrmImpNat::~FrmImpNat() = default;
+
+void FrmImpNat::importer()
+{
+    ImporterNationalites(m_contexte.base, m_contexte.dialogue);
+    montrerNombre();
+}
+
+void FrmImpNat::montrerNombre()
+{
+    m_ui->LabNombre->setText(QString::number(m_contexte.base.RsNationalite.nombre()));
+}

@@ -1,0 +1,36 @@
+#include "frmannee.h"
+
+#include "base.h"
+#include "campagnes.h"
+#include "contexte.h"
+#include "focus.h"
+#include "ui_frmannee.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+frmannee::frmannee(Contexte &contexte)
+    : FenetreTable(contexte, contexte.base.RsAnnee), m_ui(std::make_unique<Ui::frmannee>())
+{
+    m_ui->setupUi(this);
+    relier({.grille = m_ui->DataGrid1, .fermer = m_ui->Command1},
+           {{u"annee"_s, u"Année"_s}, {u"compagne"_s, u"Campagne"_s}});
+    // A year that is typed is not to become the one offered that begins alike.
+    m_ui->cmbannee->setCompleter(nullptr);
+    m_ui->cmbannee->addItems(anneesProposees());
+    connect(m_ui->cmbannee->lineEdit(), &QLineEdit::returnPressed, m_ui->cmb_add, &QPushButton::click);
+    surClic(m_ui->cmb_add, [this] { ajouter(); });
+}
+
+frmannee::~frmannee() = default;
+
+void frmannee::ajouter()
+{
+    if (!AjouterCampagne(m_contexte.base, m_ui->cmbannee->currentText(), m_contexte.dialogue)) {
+        reprendreSaisie(*m_ui->cmbannee);
+        return;
+    }
+    if (!m_contexte.base.RsEmployeur.vide())
+        m_contexte.menu.permettre(u"wdas"_s, true);
+}

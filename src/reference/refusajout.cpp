@@ -1,0 +1,12 @@
+#include "refusajout.h"
+
+#include "dialogue.h"
+#include "erreursql.h"
+
+void direRefusAjout(const QString &texte, const ErreurBase &erreur, Dialogue &dialogue)
+{
+    dialogue.avertir(texte);
+    const auto *sql = dynamic_cast<const ErreurSql *>(&erreur);
+    if (!sql || sql->fichierEnCause() || sql->occupee())
+        dialogue.critique(erreur.texte());
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+class RegistreFenetres;
+
+/// Adds the windows of the tools to those that the main menu opens.
+void ajouterFenetresOutils(RegistreFenetres &registre);

@@ -1,0 +1,501 @@
+#include "dialoguescenario.h"
+#include "erreurs.h"
+#include "formats.h"
+#include "texte.h"
+#include "validateurdas.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Titles: "DAS INFO" boxes, those of the application, and those with an icon.
+struct BoiteAttendue
+{
+    enum Genre { Info, Application, Information, Avertissement } genre;
+    QString texte;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(BoiteAttendue)
+Q_DECLARE_METATYPE(Verdict)
+
+namespace {
+
+const QString anomalie =
+    u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme sépateur décimal) !"_s;
+const QString retournee =
+    u"Votre Das Contient des Erreurs !!!\nElle sera retournée par la KORVANDEL !!!\nVeuillez Corriger votre Fichier avant envoi, S.V.P!!!"_s;
+const QString tauxSS =
+    u"Votre DAS sera retourné par la KORVANDEL, un taux de %1  % de salariés uniquement possèdent un numéro SS valide"_s;
+const QString marque = u"DAS KORVANDEL VER 3.0"_s;
+const QString nomBon = u"12345678_DAS_2024.txt"_s;
+
+QString resume(int rejets, int sansIncidence)
+{
+    return u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : %1\n  - Sans Incidence : %2"_s
+        .arg(rejets)
+        .arg(sansIncidence);
+}
+
+/// A line without a fault, a national who entered long before the campaign of 2024.
+const QString bonneLigne =
+    u"801234000168;BENALI;Karim;M;15/03/1980;Oran;Cité des Érables;Oran;31000;N;N;123456768;;;;maçon;1000.50;"
+    "12;M;01/09/2010;E;M;0550112233;a.b@c.dz;;004;Ali;ZIANI;Lou;119800315012340001;01234;"_s;
+
+/// The good line with changes such as "21=S|20=01/09/2024".
+QStringList ligneAvec(const QString &changements)
+{
+    QStringList champs = QStringList{{}} + bonneLigne.chopped(1).split(u';');
+    for (const QString &changement : changements.split(u'|', Qt::SkipEmptyParts)) {
+        const auto egal = changement.indexOf(u'=');
+        champs[changement.first(egal).toInt()] = changement.sliced(egal + 1);
+    }
+    return champs;
+}
+
+QString joindreChamps(const QStringList &champs) { return champs.sliced(1).join(u';') + u';'; }
+
+QStringList lignesDe(int nombre, const QString &changements = {})
+{
+    return QStringList(nombre, joindreChamps(ligneAvec(changements)));
+}
+
+void attendre(DialogueScenario &dialogue, const QList<BoiteAttendue> &boites)
+{
+    for (const BoiteAttendue &boite : boites) {
+        switch (boite.genre) {
+        case BoiteAttendue::Info:
+            dialogue.attendreBoite(boite.texte, u"DAS INFO"_s);
+            break;
+        case BoiteAttendue::Application:
+            dialogue.attendreBoite(boite.texte);
+            break;
+        case BoiteAttendue::Information:
+            dialogue.attendreInformation(boite.texte);
+            break;
+        case BoiteAttendue::Avertissement:
+            dialogue.attendreAvertissement(boite.texte);
+            break;
+        }
+    }
+}
+
+Verdict extraire(Validateur &validateur, const QStringList &lignes, const QList<BoiteAttendue> &boites,
+                 const QString &nom = nomBon)
+{
+    DialogueScenario dialogue;
+    attendre(dialogue, boites);
+    QBuffer source;
+    source.setData(encoder(lignes.join(u"\r\n"_s)));
+    return validateur.extraire(source, nom, dialogue);
+}
+
+QString libelle(const Validateur &validateur, const QString &nom)
+{
+    for (const Validateur::Libelle &libelle : validateur.libelles()) {
+        if (libelle.nom == nom)
+            return libelle.texte;
+    }
+    return u"(no such label)"_s;
+}
+
+} // namespace
+
+class TestValidateurDas : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void ligne_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QStringList>("erreurs");
+        QFile table(QFINDTESTDATA("regles.txt"));
+        QVERIFY(table.open(QIODevice::ReadOnly));
+        QString nom, change;
+        QStringList erreurs;
+        const auto deposer = [&] {
+            if (!nom.isEmpty())
+                QTest::newRow(qPrintable(nom)) << change << erreurs;
+        };
+        for (const QString &ligne : QString::fromUtf8(table.readAll()).split(u'\n')) {
+            const auto crochet = ligne.indexOf(u'[');
+            if (ligne.startsWith(u'=')) {
+                deposer();
+                nom = ligne.first(crochet);
+                change = ligne.sliced(crochet + 1).chopped(1);
+                erreurs.clear();
+            } else if (!ligne.isEmpty() && !ligne.startsWith(u'#')) {
+                erreurs.append(ligne);
+            }
+        }
+        deposer();
+    }
+
+    // The changed line stands behind twenty good ones and the header counts one employee, so that the rates
+    // are good whatever the line holds: the file is returned when, and only when, a fault of class R is in
+    // it.
+    void ligne()
+    {
+        QFETCH(QString, change);
+        QFETCH(QStringList, erreurs);
+        const auto deClasse = [&](const char *debut) {
+            return erreurs.filter(QRegularExpression(QLatin1String(debut)));
+        };
+        const QStringList rejets = deClasse("^[Rr] "), sansIncidence = deClasse("^H ");
+        const bool dur = !deClasse("^R ").isEmpty();
+        QList<BoiteAttendue> boites{
+            {BoiteAttendue::Application, resume(rejets.size(), sansIncidence.size())}};
+        if (dur)
+            boites.append({BoiteAttendue::Avertissement, retournee});
+
+        ValidateurDas validateur;
+        const QStringList lignes =
+            QStringList{marque, u"12345678;2024;1;0;1;"_s} + lignesDe(20) + lignesDe(1, change);
+        QCOMPARE(extraire(validateur, lignes, boites), dur ? Verdict::Rejetee : Verdict::Acceptee);
+
+        const QStringList champs = QString(lignes.last()).replace(u'\'', u' ').split(u';');
+        const QString nom = champs[1].trimmed() + u' ' + champs[2].trimmed();
+        const auto comparer = [&](const ListesErreurs &listes, const QStringList &attendues) {
+            QCOMPARE(listes.taille(), attendues.size());
+            for (qsizetype i = 0; i < listes.taille(); ++i) {
+                QCOMPARE(QString(u'[' + listes.Entrees[i] + u"]["_s + listes.E[i] + u']'),
+                         attendues[i].sliced(2));
+                QCOMPARE(listes.O[static_cast<std::size_t>(i)], 21);
+                QCOMPARE(listes.N[i], champs[0].trimmed());
+                QCOMPARE(listes.NP[i], nom);
+            }
+        };
+        comparer(validateur.rejets, rejets);
+        comparer(validateur.sansIncidence, sansIncidence);
+        QCOMPARE(validateur.nbErrRejet, rejets.size());
+        QCOMPARE(validateur.nbErrOK, sansIncidence.size());
+        QCOMPARE(validateur.nbLignes, 21);
+    }
+
+    // A line that takes the failure path: what it listed before stays, it is not counted.
+    void ligneEnEchec_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<int>("rejets");
+        QTest::newRow("trente champs") << u"court"_s << 0;
+        QTest::newRow("ligne vide") << u"vide"_s << 0;
+        QTest::newRow("point dans le numero") << u"1=80.234000168"_s << 0;
+        QTest::newRow("lettre dans les centimes") << u"17=12.a"_s << 1;
+        QTest::newRow("lettre au second") << u"17=12.1a|3=1"_s << 2;
+        QTest::newRow("date vide, type bon") << u"20="_s << 1;
+        QTest::newRow("date impossible, type bon") << u"20=31/06/2024"_s << 1;
+        QTest::newRow("salaire sans fin") << QString(u"17="_s + QString(400, u'9')) << 0;
+    }
+
+    void ligneEnEchec()
+    {
+        QFETCH(QString, change);
+        QFETCH(int, rejets);
+        QString ligne = change.contains(u'=') ? joindreChamps(ligneAvec(change)) : u""_s;
+        if (change == u"court")
+            ligne = bonneLigne.chopped(1);
+        const QStringList lignes =
+            QStringList{marque, u"12345678;2024;0;0;1;"_s} + lignesDe(2) + QStringList{ligne, u""_s};
+        const QList<BoiteAttendue> boites{
+            {BoiteAttendue::Info, u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s},
+            {BoiteAttendue::Application, anomalie}};
+        ValidateurDas validateur;
+        QCOMPARE(extraire(validateur, lignes, boites), Verdict::Interrompue);
+        QCOMPARE(validateur.nbLignes, 2);
+        QCOMPARE(validateur.totalSalaires.valeur(), 2001.0);
+        QCOMPARE(validateur.rejets.taille(), rejets);
+        QCOMPARE(libelle(validateur, u"LabDAS"_s), boites[0].texte);
+        QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
+        QVERIFY(!validateur.ongletsPermis());
+    }
+
+    void entete_data()
+    {
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QStringList>("lignes");
+        QTest::addColumn<QList<BoiteAttendue>>("boites");
+        QTest::addColumn<QString>("LabDAS");
+        using enum BoiteAttendue::Genre;
+        const QString mauvaise =
+            u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!"_s;
+        const QString employeur =
+            u"Erreur N° Employeur Deuxième Ligne différent du Nom du Fichier \nVeuillez corriger SVP !!!"_s;
+        const QString annee =
+            u"Erreur Année Deuxième Ligne différente du Nom du Fichier \nVeuillez corriger SVP !!!"_s;
+        const QString labEmployeur = u"N° Employeur Deuxième Ligne différent du Nom du Fichier!!!"_s;
+        const QString labAnnee = u"Année Deuxième Ligne différente du Nom du Fichier!!!"_s;
+        const QString bon = u"12345678;2024;1;10;1;"_s;
+        const QList<BoiteAttendue> echec{{Application, anomalie}};
+        const QList<BoiteAttendue> zero{{Application, resume(0, 0)}, {Application, anomalie}};
+        const QString zeros = u"Nbre Erreurs De Rejet : 0 ,  Sans Incidence : 0\n"_s;
+        const auto cas = [](const char *n, const QString &nom, const QStringList &lignes,
+                            const QList<BoiteAttendue> &boites,
+                            const QString &lab = {}) { QTest::newRow(n) << nom << lignes << boites << lab; };
+
+        cas("aucun fichier", u""_s, {marque}, {{Info, u"Aucun fichier n'a été sélectionné !!!"_s}});
+        const QList<BoiteAttendue> extension{
+            {Info, u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s}};
+        cas("autre extension", u"12345678_DAS_2024.text"_s, {u""_s}, extension);
+        cas("extension sans point", u"12345678_DAS_2024txt"_s, {marque}, extension);
+        cas("vide", nomBon, {u""_s}, {{Info, u"FICHIER VIDE !!!!!!!!!!!"_s}});
+        cas("incomplet", nomBon, {marque}, {{Info, u"FICHIER INCOMPLET !!!!!!!!!!!"_s}});
+        cas("incomplet avec fin", nomBon, {marque, u""_s}, {{Info, u"FICHIER INCOMPLET !!!!!!!!!!!"_s}});
+        cas("autre version", nomBon, {u"DAS KORVANDEL VER 2.0"_s, bon},
+            {{Info, mauvaise}, {Application, anomalie}});
+        cas("blanc double", nomBon, {u"DAS  KORVANDEL VER 3.0"_s},
+            {{Info, mauvaise}, {Application, anomalie}});
+        cas("insecable devant", nomBon, {u"\u00A0"_s + marque, bon},
+            {{Info, mauvaise}, {Application, anomalie}});
+        cas("marque en minuscules", nomBon, {u"  das korvandel\t ver 3.0\t"_s, bon}, zero, zeros);
+        cas("quatre champs", nomBon, {marque, u"12345678;2024;1;10;1"_s}, echec);
+        cas("suite ignoree", nomBon, {marque, bon + u"x;y"_s}, zero, zeros);
+        cas("blancs", nomBon, {marque, u" 12345678 ; 2024 ; 1 0 ; 1 000,5 ; 1 ;"_s}, zero, zeros);
+
+        cas("nom en minuscules", u"12345678_das_2024_copie.TxT"_s, {marque, bon}, zero, zeros);
+        cas("autre employeur", u"12345679_DAS_2024.txt"_s, {marque, bon}, {{Application, employeur}},
+            labEmployeur);
+        cas("autre annee", u"12345678_DAS_2023.txt"_s, {marque, bon}, {{Application, annee}}, labAnnee);
+        cas("ni l'un ni l'autre", u"a.txt"_s, {marque, bon}, {{Application, employeur}, {Application, annee}},
+            labEmployeur + u'\n' + labAnnee);
+        cas("nom court, annee vide", u"12345678.txt"_s, {marque, u"12345678;;0;10;1;"_s}, echec);
+        cas("annee en lettres", u"12345678_DAS_ABCD.txt"_s, {marque, u"12345678;ABCD;0;10;1;"_s}, echec);
+
+        const QString numero = u"Numéro DAS Non Numérique ou Négatif!!!"_s;
+        const QString total = u"Montant Total des Salaires Non Numérique ou Négatif"_s;
+        const QString effectif = u"Nombre Total des Salariés Non Numérique ou Négatif"_s;
+        const auto enTete = [&](const char *n, const QString &ligne, const QString &texte) {
+            cas(n, nomBon, {marque, ligne},
+                {{Info, texte}, {Application, resume(0, 0)}, {Application, anomalie}}, texte + u'\n' + zeros);
+        };
+        enTete("numero 0", u"12345678;2024; 0;10;1;"_s,
+               u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s);
+        enTete("numero a lettre", u"12345678;2024;1a;10;1;"_s, numero);
+        enTete("total negatif", u"12345678;2024;1;-10;1;"_s, total + u"!!!"_s);
+        enTete("effectif negatif", u"12345678;2024;1;1.5,3;-1;"_s, effectif + u"!!!"_s);
+        enTete("tout", u"12345678;2024;-1;a;1.0;"_s,
+               numero + u'\n' + total + u" !!!\n"_s + effectif + u" !!!"_s);
+        cas("numero 00 et champs vides", nomBon, {marque, u"12345678;2024;00;;;"_s}, zero, zeros);
+    }
+
+    void entete()
+    {
+        QFETCH(QString, nom);
+        QFETCH(QStringList, lignes);
+        QFETCH(QList<BoiteAttendue>, boites);
+        QFETCH(QString, LabDAS);
+        ValidateurDas validateur;
+        QCOMPARE(extraire(validateur, lignes, boites, nom), Verdict::Interrompue);
+        QCOMPARE(libelle(validateur, u"LabDAS"_s), LabDAS);
+        QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
+    }
+
+    void taux_data()
+    {
+        QTest::addColumn<QString>("lignes"); // how many of each kind, with the changes of the kind
+        QTest::addColumn<int>("effectif");
+        QTest::addColumn<QList<BoiteAttendue>>("boites");
+        using enum BoiteAttendue::Genre;
+        const auto ss = [](const QString &taux) { return BoiteAttendue{Application, tauxSS.arg(taux)}; };
+        const auto cpt = [](const QString &taux) {
+            return BoiteAttendue{
+                Application,
+                u"Votre DAS possède un taux de %1  % de salariés ne possèdent  pas de compte CCP ou bancaire"_s
+                    .arg(taux)};
+        };
+        const auto nin = [](const QString &taux) {
+            return BoiteAttendue{
+                Information,
+                u"Votre DAS présente un faible taux %1  % de salariés possèdent un NIN correcte !"_s.arg(
+                    taux)};
+        };
+        const BoiteAttendue mal{Avertissement, retournee}, echec{Application, anomalie};
+        // The summary, with its counts of rejects and harmless errors, stands in front of the boxes given.
+        const auto cas = [](const char *nom, const QString &lignes, int effectif, int rejets,
+                            int sansIncidence, QList<BoiteAttendue> boites) {
+            boites.prepend({Application, resume(rejets, sansIncidence)});
+            QTest::newRow(nom) << lignes << effectif << boites;
+        };
+        const QString zero = u".00"_s;
+
+        cas("100 pour cent", u"3"_s, 3, 0, 0, {});
+        cas("numero manquant", u"2 1:1=abc"_s, 3, 1, 0, {ss(u"66.67"_s), mal});
+        // The rate is that of the header's employees, the figure that of the nationals.
+        cas("effectif trop grand", u"3 2:11=O|26=5"_s, 6, 0, 0, {ss(u"166.67"_s), mal});
+        cas("aucun numero", u"1:1=abc"_s, 1, 1, 0, {ss(zero), mal});
+        cas("numero tolere", u"1:1=000000000000|21=S|20=01/07/2024"_s, 1, 0, 1, {});
+        cas("sans national, taux bon", u"2:11=O|26=5"_s, 2, 0, 0, {});
+        cas("sans national, division", u"2:11=O|26=5"_s, 3, 0, 0, {echec});
+        cas("effectif nul", u"1"_s, 0, 0, 0, {echec});
+        cas("dix pour cent sans compte", u"9 1:12="_s, 10, 1, 0, {});
+        cas("plus de dix", u"8 1:12="_s, 9, 1, 0, {cpt(u"11.11"_s), mal});
+        cas("etranger faux, national", u"9 1:12= 1:11=Z|12=1"_s, 11, 2, 1, {cpt(u"18.18"_s), mal});
+        cas("trente pour cent de NIN", u"3 7:30="_s, 10, 0, 7, {});
+        cas("moins de trente", u"2 5:30="_s, 7, 0, 5, {nin(u"28.57"_s)});
+        // The rate is that of those who entered, the figure that of all nationals.
+        cas("NIN des entres", u"1 3:30= 4:21=S|20=01/07/2024"_s, 8, 0, 3, {nin(u"12.50"_s)});
+        cas("type en minuscule", u"1:21=e"_s, 1, 0, 0, {nin(zero)});
+        // An entry behind the campaign and a type rewritten to "E" are not counted among those who entered.
+        cas("entres trop tard", u"1 3:30=|18=0|19=J|20=01/07/2024"_s, 4, 0, 9, {});
+        cas("type recrit", u"1 3:30=|21=x"_s, 4, 0, 6, {});
+        cas("les trois", u"1:12=|30=|1=x"_s, 1, 2, 1, {ss(zero), cpt(u"100.00"_s), nin(zero), mal});
+        cas("un rejet dur fait taire", u"1:12=|30=|1=x|7="_s, 1, 3, 1, {mal});
+    }
+
+    void taux()
+    {
+        QFETCH(QString, lignes);
+        QFETCH(int, effectif);
+        QFETCH(QList<BoiteAttendue>, boites);
+        QStringList fichier{marque, u"12345678;2024;1;0;%1;"_s.arg(effectif)};
+        for (const QString &sorte : lignes.split(u' '))
+            fichier += lignesDe(sorte.section(u':', 0, 0).toInt(), sorte.section(u':', 1));
+        const QString fin = boites.last().texte;
+        const Verdict verdict = fin == retournee  ? Verdict::Rejetee
+                                : fin == anomalie ? Verdict::Interrompue
+                                                  : Verdict::Acceptee;
+        ValidateurDas validateur;
+        QCOMPARE(extraire(validateur, fichier, boites), verdict);
+        QCOMPARE(validateur.ongletsPermis(), verdict != Verdict::Interrompue);
+        QCOMPARE(libelle(validateur, u"LabDAS2"_s).endsWith(u'\n'), verdict == Verdict::Rejetee);
+    }
+
+    void totaux_data()
+    {
+        QTest::addColumn<QString>("salaires"); // one line each, parted by "|"; the header counts two
+        QTest::addColumn<QString>("total");
+        QTest::addColumn<QString>("LabDAS2"); // empty where the totals end in the failure path
+        const auto cas = [](const char *nom, const QString &salaires, const QString &total,
+                            const QString &montants, const QString &nombres) {
+            const QString texte =
+                u"Total Lignes DAS "_s + montants + u"\nTotal Nb Salariés Lignes DAS "_s + nombres;
+            QTest::newRow(nom) << salaires << total << (montants.isEmpty() ? u""_s : texte);
+        };
+        const QString egal = u"= Entête DAS"_s, moins = u"< Entête DAS de  -"_s,
+                      plus = u"> Entête DAS de  "_s;
+        cas("egaux", u"1234.5|0,55"_s, u"1 235,05"_s, egal, egal);
+        cas("un centime", u"1234.5|1"_s, u"1235.51"_s, moins + u"0.01"_s, egal);
+        cas("troisieme decimale perdue", u"1234.567|1.999"_s, u"1236.54"_s, plus + u"0.01"_s, egal);
+        cas("entete a deux decimales", u"1.01|1"_s, u"2.005"_s, egal, egal);
+        cas("grand", u"99999999999,99|99999999999,99|0.02"_s, u"199999999765.5"_s, plus + u"234.5"_s,
+            plus + u"1"_s);
+        cas("au-dela de 1e13", u"311013818494973,49|0.52"_s, u"311013818494974"_s, egal, egal);
+        cas("une ligne manque", u"1"_s, u"2"_s, moins + u"1"_s, moins + u"1\n"_s);
+        cas("montant trop grand", u"922337203685478|1"_s, u"1"_s, {}, {});
+        cas("total vide", u"1|1"_s, u""_s, {}, {});
+    }
+
+    void totaux()
+    {
+        QFETCH(QString, salaires);
+        QFETCH(QString, total);
+        QFETCH(QString, LabDAS2);
+        QStringList lignes{marque, u"12345678;2024;1;%1;2;"_s.arg(total)};
+        for (const QString &salaire : salaires.split(u'|'))
+            lignes += lignesDe(1, u"17="_s + salaire);
+        QList<BoiteAttendue> boites{{BoiteAttendue::Application, resume(0, 0)}};
+        Verdict verdict = Verdict::Acceptee;
+        if (LabDAS2.isEmpty()) {
+            boites.append({BoiteAttendue::Application, anomalie});
+            verdict = Verdict::Interrompue;
+        } else if (LabDAS2.endsWith(u'\n')) {
+            boites += {{BoiteAttendue::Application, tauxSS.arg(u"100.00")},
+                       {BoiteAttendue::Avertissement, retournee}};
+            verdict = Verdict::Rejetee;
+        }
+        ValidateurDas validateur;
+        QCOMPARE(extraire(validateur, lignes, boites), verdict);
+        QCOMPARE(libelle(validateur, u"LabDAS2"_s), LabDAS2);
+        // The totals are reached, whether or not they can be read; the captions come behind them.
+        QVERIFY(validateur.ongletsPermis());
+        QCOMPARE(libelle(validateur, u"LabT3"_s), LabDAS2.isEmpty() ? u"(no such label)"_s : u"2023-T3"_s);
+    }
+
+    // The words of an earlier extraction stay in front of those of the next; everything else starts anew.
+    void deuxExtractions()
+    {
+        ValidateurDas validateur;
+        const QString entete = u"12345678;2024;1;0;1;"_s;
+        const BoiteAttendue echec{BoiteAttendue::Application, anomalie};
+        extraire(validateur,
+                 QStringList{marque, entete} + lignesDe(1, u"7=|4=x"_s) + QStringList{u""_s, u""_s}, {echec});
+        QCOMPARE(validateur.rejets.taille(), 1);
+        extraire(validateur,
+                 QStringList{marque, entete} + lignesDe(1) + lignesDe(1, u"3=|22=x"_s) +
+                     QStringList{u""_s, u""_s},
+                 {echec});
+        for (const ListesErreurs *listes : {&validateur.rejets, &validateur.sansIncidence}) {
+            QCOMPARE(listes->taille(), 1);
+            QCOMPARE(listes->N.taille(), 1);
+            QCOMPARE(listes->NP.taille(), 1);
+            QCOMPARE(listes->O, std::vector<qint64>{2});
+            QCOMPARE(listes->E.taille(), 2);
+        }
+        QCOMPARE(validateur.rejets.E[0], u"Adresse Vide ou non valide"_s);
+        QCOMPARE(validateur.rejets.E[1], u"Prenom est Vide ou incorrecte"_s);
+        QCOMPARE(validateur.rejets.motsDe(0), validateur.rejets.E[1]);
+        QCOMPARE(validateur.sansIncidence.motsDe(0), validateur.sansIncidence.E[1]);
+        QCOMPARE(validateur.nbErrRejet, 1);
+        QCOMPARE(validateur.nbLignes, 2);
+        QCOMPARE(validateur.titreImpression(validateur.rejets),
+                 u"LISTE DES ERREURS DE REJET DAS EMPLOYEUR N° 12345678 - ANNEE 2024"_s);
+        QCOMPARE(validateur.titreImpression(validateur.sansIncidence),
+                 u"LISTE DES ERREURS MODIFIEES DAS EMPLOYEUR N° 12345678 - ANNEE 2024"_s);
+    }
+
+    void fichiers_data()
+    {
+        QTest::addColumn<Verdict>("verdict");
+        QTest::addColumn<int>("rejets");
+        QTest::addColumn<int>("sansIncidence");
+        QTest::addColumn<int>("lignes");
+        QTest::addColumn<double>("total");
+        QTest::newRow("11000028_DAS_2024.txt") << Verdict::Acceptee << 0 << 0 << 5 << 1895929.25;
+        QTest::newRow("11000045_DAS_2020.txt") << Verdict::Acceptee << 0 << 4 << 100 << 344366792252.8;
+        QTest::newRow("14000020_DAS_2021.txt") << Verdict::Rejetee << 15 << 10 << 10 << 10111655310.57;
+        QTest::newRow("12000037_DAS_2020.txt") << Verdict::Interrompue << 3 << 2 << 4 << 1001668091.18;
+    }
+
+    void fichiers()
+    {
+        QFETCH(Verdict, verdict);
+        QFETCH(int, rejets);
+        QFETCH(int, sansIncidence);
+        const QString chemin =
+            QFINDTESTDATA(QLatin1String("fichiers/") + QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(formatDeFichier(chemin), Format::Das);
+        DialogueScenario dialogue;
+        if (verdict == Verdict::Interrompue)
+            dialogue.attendreBoite(anomalie);
+        else
+            dialogue.attendreBoite(resume(rejets, sansIncidence));
+        if (verdict == Verdict::Rejetee)
+            dialogue.attendreAvertissement(retournee);
+        ValidateurDas validateur;
+        QCOMPARE(validateur.extraire(chemin, dialogue), verdict);
+        QCOMPARE(validateur.rejets.taille(), rejets);
+        QCOMPARE(validateur.sansIncidence.taille(), sansIncidence);
+        QTEST(int(validateur.nbLignes), "lignes");
+        QTEST(validateur.totalSalaires.valeur(), "total");
+    }
+
+    void nonOuvert()
+    {
+        DialogueScenario dialogue;
+        ValidateurDas validateur;
+        QVERIFY_THROWS_EXCEPTION(ErreurFichier,
+                                 validateur.extraire(u"/absent/12345678_DAS_2024.txt"_s, dialogue));
+        dialogue.attendreBoite(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s,
+                               u"DAS INFO"_s);
+        QCOMPARE(validateur.extraire(u"/absent/12345678_DAS_2024.dat"_s, dialogue), Verdict::Interrompue);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestValidateurDas)
+#include "test_validateurdas.moc"
