@@ -30,9 +30,9 @@ void Dialogue::afficher(const QString &texte, const QString &titre)
     montrer(boite(texte, titre, Icone::Aucune));
 }
 
-bool Dialogue::demander(const QString &texte, const QString &titre, bool ouiParDefaut)
+bool Dialogue::demander(const QString &texte, const QString &titre, bool ouiParDefaut, Icone icone)
 {
-    return montrer(boite(texte, titre, Icone::Question, Boutons::OuiNon, ouiParDefaut));
+    return montrer(boite(texte, titre, icone, Boutons::OuiNon, ouiParDefaut));
 }
 
 bool Dialogue::confirmer(const QString &texte, const QString &titre)

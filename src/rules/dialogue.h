@@ -38,7 +38,8 @@ public:
     /// A plain box, without an icon.
     void afficher(const QString &texte, const QString &titre = {});
     /// A Yes/No question. @return true for Yes
-    bool demander(const QString &texte, const QString &titre = {}, bool ouiParDefaut = true);
+    bool demander(const QString &texte, const QString &titre = {}, bool ouiParDefaut = true,
+                  Icone icone = Icone::Question);
     /// An OK/Cancel question. @return true for OK
     bool confirmer(const QString &texte, const QString &titre = {});
 

@@ -52,9 +52,9 @@ void DialogueScenario::attendreBoite(const QString &texte, const QString &titre)
 }
 
 void DialogueScenario::attendreQuestion(const QString &texte, bool oui, const QString &titre,
-                                        bool ouiParDefaut)
+                                        bool ouiParDefaut, Icone icone)
 {
-    attendre(texte, titre, Icone::Question, Boutons::OuiNon, oui, ouiParDefaut);
+    attendre(texte, titre, icone, Boutons::OuiNon, oui, ouiParDefaut);
 }
 
 void DialogueScenario::attendreConfirmation(const QString &texte, bool ok, const QString &titre)

@@ -17,8 +17,8 @@ public:
     void attendreInformation(const QString &texte, const QString &titre = {});
     void attendreCritique(const QString &texte, const QString &titre = {});
     void attendreBoite(const QString &texte, const QString &titre = {});
-    void attendreQuestion(const QString &texte, bool oui, const QString &titre = {},
-                          bool ouiParDefaut = true);
+    void attendreQuestion(const QString &texte, bool oui, const QString &titre = {}, bool ouiParDefaut = true,
+                          Icone icone = Icone::Question);
     void attendreConfirmation(const QString &texte, bool ok, const QString &titre = {});
     /// The next file dialog answers with this path; an empty one stands for a cancelled dialog.
     void attendreFichier(const QString &chemin);

@@ -1,0 +1,206 @@
+#include "controledas.h"
+
+#include "base.h"
+#include "date.h"
+#include "declaration.h"
+#include "dialogue.h"
+#include "fichesalarie.h"
+#include "genredas.h"
+#include "identite.h"
+#include "texte.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype largeurNumero = 12;
+constexpr qsizetype largeurCompte = 20;
+constexpr double tauxMinimal = 90.0;
+constexpr qint64 derniereNationalite = 246;
+constexpr qint64 nationaliteNationale = 4;
+
+/// The places of the columns in the query of the lines.
+enum Colonne {
+    NumSalarie,
+    CompteCCP,
+    CompteBancaire,
+    Etranger,
+    IdNat,
+    Nom,
+    Prenom,
+    DateNaissance,
+    ActeNaissance,
+    TypeES,
+    DateES
+};
+
+QString requeteLignes()
+{
+    return u"SELECT l.num_salarie, num_cpt_ccp, num_cpt_banc, etranger, IdNat, nom, prenom, date_naiss, "
+           "NumActeNaiss, type_date_es, date_es FROM ligne_das AS l INNER JOIN salarie AS s ON "
+           "s.num_salarie = l.num_salarie AND s.cpt_z = l.cpt_z WHERE l.num_emp = ? AND l.annee = ? AND "
+           "l.type_das = ? ORDER BY l.rowid"_s;
+}
+
+/// An account of the bank, whatever the bank: 20 digits that are not all zeros, and the key right.
+bool compteBancaireValide(QStringView compte)
+{
+    return compte.size() == largeurCompte && chiffresSeuls(compte) && compte != CompteBlanc &&
+           CleRIB(compte.sliced(3)) == u"0";
+}
+
+class Passe
+{
+public:
+    Passe(Connexion &cnx, const Enregistrement &entete, Dialogue &dialogue)
+        : m_cnx(cnx), m_entete(entete), m_cle(cleEntete(genreDas(), entete)), m_dialogue(dialogue)
+    {
+    }
+
+    bool derouler()
+    {
+        Requete lignes = m_cnx.lire(requeteLignes(), {m_cle.employeur, m_cle.periode, m_cle.type});
+        while (lignes.suivante()) {
+            if (!ligne(lignes))
+                return false;
+        }
+        return taux() && effectif();
+    }
+
+private:
+    bool ligne(const Enregistrement &ligne)
+    {
+        const QString stocke = ligne.texte(NumSalarie);
+        const QStringView numero = Trim(stocke);
+        if (!(numero == NumeroBlanc ? sansNumero(ligne) : numerote(ligne, numero)))
+            return false;
+        ++m_bonsNumeros;
+        // A foreigner counts in no rate.
+        if (ligne.texte(Etranger) != u"N")
+            return nationalite(ligne);
+        compte(ligne);
+        return true;
+    }
+
+    QString phrase(const Enregistrement &ligne, QStringView fin) const
+    {
+        return u"Numéro SS : "_s + ligne.texte(NumSalarie) + u"  de l'employé  "_s + ligne.texte(Nom) +
+               u"    "_s + ligne.texte(Prenom) + fin;
+    }
+
+    bool refuser(const Enregistrement &ligne, QStringView fin)
+    {
+        m_dialogue.avertir(phrase(ligne, fin));
+        return false;
+    }
+
+    bool numerote(const Enregistrement &ligne, QStringView numero)
+    {
+        if (numero.size() != largeurNumero)
+            return refuser(ligne, u" pas valide moins de 12 caractères");
+        if (numero.first(2) != anneeNaissance(ligne) || !cleJuste(numero))
+            return refuser(ligne, u" N° SS ou date de naissance non valide ");
+        if (ligne.texte(Etranger) == u"N" && numero.sliced(2, 4) != ligne.texte(ActeNaissance).right(4))
+            return refuser(ligne, u" N° SS ou N° acte naissance non valide ");
+        return true;
+    }
+
+    /// The last two digits of the year.
+    static QString anneeNaissance(const Enregistrement &ligne)
+    {
+        const QDate naissance = ligne.date(DateNaissance);
+        if (!naissance.isValid()) {
+            throw ErreurConversion(u"La date de naissance du salarié %1 %2 n'est pas renseignée."_s.arg(
+                ligne.texte(Nom), ligne.texte(Prenom)));
+        }
+        return TexteDate(naissance).right(2);
+    }
+
+    /// A number that is not all digits has no key that could be right.
+    static bool cleJuste(QStringView numero) { return chiffresSeuls(numero) && CleSSJuste(numero); }
+
+    /// Tolerated only for somebody who entered in the campaign's last month.
+    bool sansNumero(const Enregistrement &ligne)
+    {
+        if (ligne.texte(TypeES) != u"E")
+            return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP ");
+        const QDate entree = LireDate(ligne.texte(DateES));
+        const int annee = m_cle.periode.toInt();
+        if (entree < QDate(annee, 6, 1))
+            return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP");
+        if (entree >= QDate(annee, 7, 1))
+            return refuser(ligne, u" Date d'entrée incorrecte , veuillez la modifier SVP");
+        m_dialogue.informer(phrase(ligne,
+                                   u" n'est pas valide, il sera pris en charge , mais vous devez  vous "
+                                   "rapprocher des services de la CNAS afin de réclamer son numéro de "
+                                   "sécurité social "));
+        return true;
+    }
+
+    bool nationalite(const Enregistrement &ligne)
+    {
+        const auto qui = [&] {
+            return QString(ligne.texte(NumSalarie) + u"   "_s + ligne.texte(Nom) + u"    "_s +
+                           ligne.texte(Prenom));
+        };
+        const QString code = ligne.texte(IdNat);
+        if (code.isEmpty()) {
+            m_dialogue.avertir(u"Code nationalité non spécifié  pour le salarié :   "_s + qui(),
+                               u"Controle nationalité"_s);
+            return false;
+        }
+        const double numero = Val(code);
+        if (numero < 1 || numero > derniereNationalite || numero == nationaliteNationale) {
+            m_dialogue.avertir(u"Code nationalité incorrect pour le salarié N°  :  "_s + qui());
+            return false;
+        }
+        return true;
+    }
+
+    void compte(const Enregistrement &ligne)
+    {
+        const QString ccp = ligne.texte(CompteCCP);
+        const QString bancaire = ligne.texte(CompteBancaire);
+        QStringView compteCCP = ccp;
+        if (CtrlCompteCCP(compteCCP) || compteBancaireValide(Trim(bancaire)))
+            ++m_nationauxAvecCompte;
+        ++m_nationaux;
+    }
+
+    bool taux()
+    {
+        if (m_entete.entier(u"total_calc", 0) == 0 || m_nationaux == 0)
+            return true;
+        const double taux =
+            static_cast<double>(m_nationauxAvecCompte) / static_cast<double>(m_nationaux) * 100;
+        if (taux >= tauxMinimal)
+            return true;
+        m_dialogue.avertir(
+            u"Votre fichier Présente un taux insuffisant de salariés avec un numéro de compte valide   :  "_s +
+            FormatMasque(taux, u"## ###.00") + u"   %, il sera refusé, veuillez le compéter SVP"_s);
+        return false;
+    }
+
+    bool effectif()
+    {
+        if (m_bonsNumeros == m_entete.entier(u"total_salarie", 0))
+            return true;
+        m_dialogue.avertir(u"Votre DAS doit contenir 100% des numéro SS valide, veuillez corriger SVP"_s);
+        return false;
+    }
+
+    Connexion &m_cnx;
+    Enregistrement m_entete;
+    CleDeclaration m_cle;
+    Dialogue &m_dialogue;
+    qint64 m_bonsNumeros = 0;
+    qint64 m_nationaux = 0;
+    qint64 m_nationauxAvecCompte = 0;
+};
+
+} // namespace
+
+bool CtrlDas(Base &base, Dialogue &dialogue)
+{
+    return Passe(base.Cnx, base.RsEnteteDas.courant(), dialogue).derouler();
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+class Base;
+class Dialogue;
+
+/// The control of the current annual declaration before its export: the number of every line against the
+/// identity of the employee, the nationality of foreigners, the share of nationals with a valid account, the
+/// count of numbers against the header. The first fault is told and stops; an employee without a number who
+/// is tolerated is told of.
+/// @return whether the export may go on
+/// @throws ErreurConversion for a line whose date of birth or, without a number, whose date of entry is none
+bool CtrlDas(Base &base, Dialogue &dialogue);

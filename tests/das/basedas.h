@@ -1,0 +1,26 @@
+#pragma once
+
+#include "basesalaries.h"
+#include "declaration.h"
+
+/// A database with an employer, a campaign and employees, on which declarations are made.
+class BaseDas : public BaseSalaries
+{
+public:
+    BaseDas();
+
+    static constexpr QStringView employeur = u"12345678";
+
+    /// The number of a national in whom no rule finds a fault, with its key. @param rang 0 to 9999
+    static QString numero(int rang);
+
+    /// Adds a header and makes it the current one.
+    CleDeclaration entete(qint64 type = 1, Currency somme = {}, qint64 effectif = 0, int annee = 2024);
+    /// Adds a line; columns that are not given tell of a whole year.
+    void ligne(const QString &numero, qint64 cpt_z = 1, const Champs &champs = {}, qint64 type = 1,
+               int annee = 2024);
+    /// Brings the sums on the current header and its declared figures to those of the lines.
+    void accorder();
+    /// That many nationals with a line each under a header of their own.
+    void peuplerDas(int lignes);
+};
