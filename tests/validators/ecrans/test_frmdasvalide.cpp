@@ -168,7 +168,7 @@ private slots:
         QVERIFY(QDir(m_dossier.path()).mkpath(u"dossier.txt"_s));
         m_dialogue.attendreFichier(m_dossier.filePath(u"dossier.txt"_s));
         m_dialogue.attendreCritique(
-            u"Le fichier « dossier.txt » ne peut pas être ouvert : file to open is a directory"_s);
+            u"Le fichier « dossier.txt » ne peut pas être ouvert : c'est un dossier."_s);
         QTest::mouseClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::LeftButton);
         QVERIFY(m_dialogue.acheve());
     }
