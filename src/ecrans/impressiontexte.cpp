@@ -16,7 +16,6 @@ constexpr qreal MargeMm = 12;
 
 ImpressionTexte::ImpressionTexte(QPrinter &imprimante, int corpsPoints) : m_imprimante(imprimante)
 {
-    m_imprimante.setPageSize(QPageSize(QPageSize::A4));
     m_imprimante.setPageMargins({MargeMm, MargeMm, MargeMm, MargeMm}, QPageLayout::Millimeter);
     m_copies = m_imprimante.supportsMultipleCopies() ? 1 : std::max(1, m_imprimante.copyCount());
     if (!m_peintre.begin(&m_imprimante))

@@ -5,7 +5,7 @@
 
 class QPrinter;
 
-/// Prints lines of text on A4 pages, wrapped to their width, with the number of the page at the foot.
+/// Prints lines of text on the printer's pages, wrapped to their width, with the number of the page at the foot.
 class ImpressionTexte
 {
 public:

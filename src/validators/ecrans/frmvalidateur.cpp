@@ -3,6 +3,7 @@
 #include "contexte.h"
 #include "dernierrecours.h"
 #include "dialogue.h"
+#include "focus.h"
 #include "impression.h"
 #include "impressiontexte.h"
 #include "modeleerreurs.h"
@@ -66,6 +67,7 @@ void FrmValidateur::relier()
     m_onglets->setEnabled(false);
     m_onglets->setCurrentIndex(0);
     m_avancement->hide();
+    boutonsParEntree(*this);
     relierListe(u"ListeErrRejet"_s, m_validateur->rejets);
     relierListe(u"ListeErrOK"_s, m_validateur->sansIncidence);
     actualiser();
@@ -127,12 +129,20 @@ void FrmValidateur::extraire()
     const QString chemin = m_contexte.dialogue.choisirFichier(
         u"Sélectionner le fichier à valider"_s, u"Fichiers texte (*.txt *.TXT);;Tous les fichiers (*)"_s);
 
-    const auto finir = qScopeGuard([this] {
+    Verdict verdict = Verdict::Interrompue;
+    const auto finir = qScopeGuard([&] {
         m_avancement->hide();
         actualiser();
+        for (auto *table : findChildren<QTableView *>())
+            table->selectRow(0);
+        // The errors are read next; and one Enter too many for the boxes must not begin a new extraction.
+        if (verdict == Verdict::Interrompue)
+            return;
+        if (auto *table = m_onglets->currentWidget()->findChild<QTableView *>())
+            table->setFocus();
     });
     m_depuisPeinture.start();
-    m_validateur->extraire(chemin, m_contexte.dialogue);
+    verdict = m_validateur->extraire(chemin, m_contexte.dialogue);
 }
 
 void FrmValidateur::avancer(qint64 lus, qint64 total)
@@ -164,6 +174,7 @@ void FrmValidateur::imprimer(const ListesErreurs &listes)
     if (listes.taille() == 0)
         return;
     QPrinter imprimante;
+    imprimante.setPageSize(QPageSize(QPageSize::A4));
     if (!CDImprimer(imprimante))
         return;
     ImpressionTexte impression(imprimante);

@@ -133,8 +133,8 @@ private slots:
                  QStringList({u"2"_s, u"802345678919"_s, u" AMINA"_s, u"Nom est Vide ou incorrecte"_s}));
         QCOMPARE(trouver<QTableView>(u"ListeErrOK"_s)->model()->rowCount(), 1);
 
-        table->setFocus();
-        table->selectRow(0);
+        // The first error is chosen, and the keys are the list's.
+        QCOMPARE(m_ecran->focusWidget(), table);
         QCOMPARE(trouver<QPlainTextEdit>(u"DetailListeErrRejet"_s)->toPlainText(), entree);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QString(entree + u'\n'));
@@ -157,7 +157,7 @@ private slots:
         // A cancelled dialog clears what was shown; the tabs stay on.
         m_dialogue.attendreFichier({});
         m_dialogue.attendreBoite(u"Aucun fichier n'a été sélectionné !!!"_s, u"DAS INFO"_s);
-        QTest::mouseClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::LeftButton);
+        QTest::keyClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::Key_Return);
         QCOMPARE(modele->rowCount(), 0);
         QCOMPARE(texte(u"LabEmpl"_s), QString());
         QVERIFY(trouver<QTabWidget>(u"SSTab1"_s)->isEnabled());
