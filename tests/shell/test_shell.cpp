@@ -193,7 +193,7 @@ private slots:
         };
         dire(dire, principale->menuBar()->actions(), 0);
         QCOMPARE(vu, QString::fromUtf8(attendu));
-        QCOMPARE(principale->windowTitle(), u"DAS KORVANDEL 1.0.0"_s);
+        QCOMPARE(principale->windowTitle(), QString::fromLatin1("DAS KORVANDEL " DAS_VERSION));
         QCOMPARE(principale->objectName(), u"MDIForm"_s);
     }
 
@@ -306,7 +306,7 @@ private slots:
             QVERIFY(entree(*principale, u"wvalidate"_s)->isEnabled());
             QTRY_COMPARE(aire->subWindowList().size(), 0);
             QTRY_COMPARE(fermetures.size(), 1);
-            QCOMPARE(principale->windowTitle(), u"DAS KORVANDEL 1.0.0"_s);
+            QCOMPARE(principale->windowTitle(), QString::fromLatin1("DAS KORVANDEL " DAS_VERSION));
         }
     }
 
