@@ -52,9 +52,7 @@ FrmValidateur::FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> val
     : m_contexte(contexte), m_validateur(std::move(validateur))
 {
     CDImprimer = [this](QPrinter &imprimante) {
-        QPrintDialog dialogue(&imprimante, this);
-        dialogue.setOption(QAbstractPrintDialog::PrintPageRange, false);
-        return dialogue.exec() == QDialog::Accepted;
+        return QPrintDialog(&imprimante, this).exec() == QDialog::Accepted;
     };
 }
 

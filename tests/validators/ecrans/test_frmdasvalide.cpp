@@ -184,11 +184,16 @@ private slots:
         const QString pdf = m_dossier.filePath(u"liste.pdf"_s);
         int demandes = 0;
         int copies = 1;
+        int jusqua = 0;
         m_ecran->CDImprimer = [&](QPrinter &imprimante) {
             ++demandes;
             imprimante.setOutputFormat(QPrinter::PdfFormat);
             imprimante.setOutputFileName(pdf);
             imprimante.setCopyCount(copies);
+            if (jusqua > 0) {
+                imprimante.setPrintRange(QPrinter::PageRange);
+                imprimante.setFromTo(2, jusqua);
+            }
             return copies > 0;
         };
         auto *bouton = trouver<QPushButton>(u"CmdImprimer"_s);
@@ -198,15 +203,22 @@ private slots:
         copies = 3;
         QTest::mouseClick(bouton, Qt::LeftButton);
         QCOMPARE(pages(pdf), 3 * uneCopie);
+        jusqua = 2;
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QCOMPARE(pages(pdf), 3);
+        jusqua = 1000;
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QCOMPARE(pages(pdf), 3 * (uneCopie - 1));
+        jusqua = 0;
 
         // Cancelled: nothing is printed and nothing said; nor is an empty list.
         QFile::remove(pdf);
         copies = 0;
         QTest::mouseClick(bouton, Qt::LeftButton);
-        QCOMPARE(demandes, 3);
+        QCOMPARE(demandes, 5);
         trouver<QTabWidget>(u"SSTab1"_s)->setCurrentIndex(1);
         QTest::mouseClick(trouver<QPushButton>(u"CmdImprimerOK"_s), Qt::LeftButton);
-        QCOMPARE(demandes, 3);
+        QCOMPARE(demandes, 5);
         QVERIFY(!QFile::exists(pdf));
     }
 
