@@ -310,6 +310,23 @@ private slots:
         }
     }
 
+    void aireTropPetite()
+    {
+        RegistreFenetres fenetres;
+        fenetres.ajouter(u"wvalidate"_s, [](Contexte &) {
+            auto *feuille = new Feuille(u"FrmDasValide"_s);
+            feuille->findChild<QPushButton *>()->setText(QString(100, u'W'));
+            return feuille;
+        });
+        MDIForm principale(m_base, m_dialogue, m_recours, m_bornes, fenetres);
+        principale.resize(400, 300);
+        principale.show();
+        entree(principale, u"wvalidate"_s)->trigger();
+        const auto *bouton = feuille(principale, u"FrmDasValide"_s)->findChild<QPushButton *>();
+        QCoreApplication::processEvents();
+        QVERIFY(bouton->width() >= bouton->minimumSizeHint().width());
+    }
+
     void raccourciDepuisUnChamp()
     {
         // On X11 a text field keeps Ctrl+E to go to its end; in the menu it is the employers.
