@@ -110,10 +110,17 @@ void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
 
 bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
 {
-    if (evenement->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(evenement)->matches(QKeySequence::Copy)) {
-        if (const auto *table = qobject_cast<QTableView *>(objet)) {
+    auto *table = qobject_cast<QTableView *>(objet);
+    if (table && evenement->type() == QEvent::KeyPress) {
+        const auto *touche = static_cast<QKeyEvent *>(evenement);
+        if (touche->matches(QKeySequence::Copy)) {
             copierEntrees(*table);
+            return true;
+        }
+        // Of themselves these keys go to a column, which says nothing to a list of whole lines.
+        const bool debut = touche->key() == Qt::Key_Home;
+        if ((debut || touche->key() == Qt::Key_End) && !(touche->modifiers() & Qt::ShiftModifier)) {
+            table->selectRow(debut ? 0 : table->model()->rowCount() - 1);
             return true;
         }
     }
@@ -146,7 +153,7 @@ void FrmValidateur::extraire()
 void FrmValidateur::avancer(qint64 lus, qint64 total)
 {
     actualiser();
-    if (!m_depuisPeinture.hasExpired(PeintureMs))
+    if (lus < total && !m_depuisPeinture.hasExpired(PeintureMs))
         return;
     m_avancement->setValue(total > 0 ? static_cast<int>(lus * m_avancement->maximum() / total) : 0);
     m_avancement->setVisible(lus < total);

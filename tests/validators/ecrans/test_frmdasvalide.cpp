@@ -181,6 +181,13 @@ private slots:
         lignes += QStringList(40, mauvaise);
         extraire(ecrire(u"11000028_DAS_2021.txt"_s, lignes), 40, 0);
 
+        auto *table = trouver<QTableView>(u"ListeErrRejet"_s);
+        QTest::keyClick(table, Qt::Key_End);
+        QVERIFY(table->selectionModel()->isRowSelected(39));
+        QVERIFY(trouver<QPlainTextEdit>(u"DetailListeErrRejet"_s)->toPlainText().startsWith(u"Ligne N°:40 "));
+        QTest::keyClick(table, Qt::Key_Home, Qt::ControlModifier);
+        QVERIFY(table->selectionModel()->isRowSelected(0));
+
         const QString pdf = m_dossier.filePath(u"liste.pdf"_s);
         int demandes = 0;
         int copies = 1;
