@@ -16,7 +16,6 @@ constexpr qreal MargeMm = 12;
 
 ImpressionTexte::ImpressionTexte(QPrinter &imprimante, int corpsPoints) : m_imprimante(imprimante)
 {
-    m_imprimante.setPageSize(QPageSize(QPageSize::A4));
     m_imprimante.setPageMargins({MargeMm, MargeMm, MargeMm, MargeMm}, QPageLayout::Millimeter);
     m_copies = m_imprimante.supportsMultipleCopies() ? 1 : std::max(1, m_imprimante.copyCount());
     if (!m_peintre.begin(&m_imprimante))
@@ -36,12 +35,9 @@ ImpressionTexte::~ImpressionTexte() = default;
 
 void ImpressionTexte::nouveauDocument()
 {
-    const bool premier = m_page == 0;
-    if (!premier)
+    if (m_page > 0)
         numeroter();
     m_page = 0;
-    if (!premier)
-        m_imprimante.newPage();
     nouvellePage();
 }
 
@@ -49,10 +45,23 @@ void ImpressionTexte::nouvellePage()
 {
     ++m_page;
     m_y = m_corps.top();
+    if (!voulue())
+        return;
+    if (m_entamee)
+        m_imprimante.newPage();
+    m_entamee = true;
+}
+
+bool ImpressionTexte::voulue() const
+{
+    return m_imprimante.printRange() != QPrinter::PageRange ||
+           (m_page >= m_imprimante.fromPage() && m_page <= m_imprimante.toPage());
 }
 
 void ImpressionTexte::numeroter()
 {
+    if (!voulue())
+        return;
     m_peintre.drawText(
         QRect(m_corps.left(), m_corps.bottom() + m_hauteurLigne, m_corps.width(), m_hauteurLigne),
         Qt::AlignRight | Qt::AlignVCenter, u"Page %1"_s.arg(m_page));
@@ -67,10 +76,10 @@ void ImpressionTexte::ligne(const QString &texte)
                             : m_peintre.fontMetrics().boundingRect(place, drapeaux, texte).height();
     if (m_y + hauteur > m_corps.bottom() && m_y > m_corps.top()) {
         numeroter();
-        m_imprimante.newPage();
         nouvellePage();
     }
-    m_peintre.drawText(m_corps.adjusted(0, m_y - m_corps.top(), 0, 0), drapeaux, texte);
+    if (voulue())
+        m_peintre.drawText(m_corps.adjusted(0, m_y - m_corps.top(), 0, 0), drapeaux, texte);
     m_y += hauteur;
 }
 

@@ -5,7 +5,8 @@
 
 class QPrinter;
 
-/// Prints lines of text on A4 pages, wrapped to their width, with the number of the page at the foot.
+/// Prints lines of text on the printer's pages, wrapped to their width, with the number of the page at the
+/// foot; of these only the ones that the clerk wants, when the print dialog was given a range.
 class ImpressionTexte
 {
 public:
@@ -25,6 +26,8 @@ public:
 private:
     void nouvellePage();
     void numeroter();
+    /// Whether the current page is in the range asked for.
+    bool voulue() const;
 
     QPrinter &m_imprimante;
     QPainter m_peintre;
@@ -33,4 +36,6 @@ private:
     int m_y = 0;
     int m_page = 0;
     int m_copies = 1;
+    /// Whether the printer has its first page.
+    bool m_entamee = false;
 };

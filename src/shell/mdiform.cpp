@@ -156,7 +156,11 @@ void MDIForm::ouvrir(Entree &entree)
     m_aire->addSubWindow(fenetre);
     const int boutonsDuCadre = 140;
     const int titre = fenetre->fontMetrics().horizontalAdvance(fenetre->windowTitle()) + boutonsDuCadre;
-    fenetre->resize(fenetre->sizeHint().expandedTo(QSize(titre, 0)).boundedTo(m_aire->viewport()->size()));
+    // In an area that is too small the window keeps its place for every control, and the area scrolls.
+    fenetre->resize(fenetre->sizeHint()
+                        .expandedTo(QSize(titre, 0))
+                        .boundedTo(m_aire->viewport()->size())
+                        .expandedTo(fenetre->minimumSizeHint()));
     CentrerFeuille(*fenetre);
     connect(fenetre, &FenetreFille::fermee, this, [&entree] {
         entree.fenetre = nullptr;

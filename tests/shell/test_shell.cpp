@@ -193,7 +193,7 @@ private slots:
         };
         dire(dire, principale->menuBar()->actions(), 0);
         QCOMPARE(vu, QString::fromUtf8(attendu));
-        QCOMPARE(principale->windowTitle(), u"DAS KORVANDEL 1.0.0"_s);
+        QCOMPARE(principale->windowTitle(), QString::fromLatin1("DAS KORVANDEL " DAS_VERSION));
         QCOMPARE(principale->objectName(), u"MDIForm"_s);
     }
 
@@ -306,8 +306,25 @@ private slots:
             QVERIFY(entree(*principale, u"wvalidate"_s)->isEnabled());
             QTRY_COMPARE(aire->subWindowList().size(), 0);
             QTRY_COMPARE(fermetures.size(), 1);
-            QCOMPARE(principale->windowTitle(), u"DAS KORVANDEL 1.0.0"_s);
+            QCOMPARE(principale->windowTitle(), QString::fromLatin1("DAS KORVANDEL " DAS_VERSION));
         }
+    }
+
+    void aireTropPetite()
+    {
+        RegistreFenetres fenetres;
+        fenetres.ajouter(u"wvalidate"_s, [](Contexte &) {
+            auto *feuille = new Feuille(u"FrmDasValide"_s);
+            feuille->findChild<QPushButton *>()->setText(QString(100, u'W'));
+            return feuille;
+        });
+        MDIForm principale(m_base, m_dialogue, m_recours, m_bornes, fenetres);
+        principale.resize(400, 300);
+        principale.show();
+        entree(principale, u"wvalidate"_s)->trigger();
+        const auto *bouton = feuille(principale, u"FrmDasValide"_s)->findChild<QPushButton *>();
+        QCoreApplication::processEvents();
+        QVERIFY(bouton->width() >= bouton->minimumSizeHint().width());
     }
 
     void raccourciDepuisUnChamp()

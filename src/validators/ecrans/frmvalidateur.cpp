@@ -3,6 +3,7 @@
 #include "contexte.h"
 #include "dernierrecours.h"
 #include "dialogue.h"
+#include "focus.h"
 #include "impression.h"
 #include "impressiontexte.h"
 #include "modeleerreurs.h"
@@ -51,9 +52,7 @@ FrmValidateur::FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> val
     : m_contexte(contexte), m_validateur(std::move(validateur))
 {
     CDImprimer = [this](QPrinter &imprimante) {
-        QPrintDialog dialogue(&imprimante, this);
-        dialogue.setOption(QAbstractPrintDialog::PrintPageRange, false);
-        return dialogue.exec() == QDialog::Accepted;
+        return QPrintDialog(&imprimante, this).exec() == QDialog::Accepted;
     };
 }
 
@@ -66,6 +65,7 @@ void FrmValidateur::relier()
     m_onglets->setEnabled(false);
     m_onglets->setCurrentIndex(0);
     m_avancement->hide();
+    boutonsParEntree(*this);
     relierListe(u"ListeErrRejet"_s, m_validateur->rejets);
     relierListe(u"ListeErrOK"_s, m_validateur->sansIncidence);
     actualiser();
@@ -110,10 +110,17 @@ void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
 
 bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
 {
-    if (evenement->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(evenement)->matches(QKeySequence::Copy)) {
-        if (const auto *table = qobject_cast<QTableView *>(objet)) {
+    auto *table = qobject_cast<QTableView *>(objet);
+    if (table && evenement->type() == QEvent::KeyPress) {
+        const auto *touche = static_cast<QKeyEvent *>(evenement);
+        if (touche->matches(QKeySequence::Copy)) {
             copierEntrees(*table);
+            return true;
+        }
+        // Of themselves these keys go to a column, which says nothing to a list of whole lines.
+        const bool debut = touche->key() == Qt::Key_Home;
+        if ((debut || touche->key() == Qt::Key_End) && !(touche->modifiers() & Qt::ShiftModifier)) {
+            table->selectRow(debut ? 0 : table->model()->rowCount() - 1);
             return true;
         }
     }
@@ -127,18 +134,26 @@ void FrmValidateur::extraire()
     const QString chemin = m_contexte.dialogue.choisirFichier(
         u"Sélectionner le fichier à valider"_s, u"Fichiers texte (*.txt *.TXT);;Tous les fichiers (*)"_s);
 
-    const auto finir = qScopeGuard([this] {
+    Verdict verdict = Verdict::Interrompue;
+    const auto finir = qScopeGuard([&] {
         m_avancement->hide();
         actualiser();
+        for (auto *table : findChildren<QTableView *>())
+            table->selectRow(0);
+        // The errors are read next; and one Enter too many for the boxes must not begin a new extraction.
+        if (verdict == Verdict::Interrompue)
+            return;
+        if (auto *table = m_onglets->currentWidget()->findChild<QTableView *>())
+            table->setFocus();
     });
     m_depuisPeinture.start();
-    m_validateur->extraire(chemin, m_contexte.dialogue);
+    verdict = m_validateur->extraire(chemin, m_contexte.dialogue);
 }
 
 void FrmValidateur::avancer(qint64 lus, qint64 total)
 {
     actualiser();
-    if (!m_depuisPeinture.hasExpired(PeintureMs))
+    if (lus < total && !m_depuisPeinture.hasExpired(PeintureMs))
         return;
     m_avancement->setValue(total > 0 ? static_cast<int>(lus * m_avancement->maximum() / total) : 0);
     m_avancement->setVisible(lus < total);
@@ -164,6 +179,7 @@ void FrmValidateur::imprimer(const ListesErreurs &listes)
     if (listes.taille() == 0)
         return;
     QPrinter imprimante;
+    imprimante.setPageSize(QPageSize(QPageSize::A4));
     if (!CDImprimer(imprimante))
         return;
     ImpressionTexte impression(imprimante);

@@ -133,8 +133,8 @@ private slots:
                  QStringList({u"2"_s, u"802345678919"_s, u" AMINA"_s, u"Nom est Vide ou incorrecte"_s}));
         QCOMPARE(trouver<QTableView>(u"ListeErrOK"_s)->model()->rowCount(), 1);
 
-        table->setFocus();
-        table->selectRow(0);
+        // The first error is chosen, and the keys are the list's.
+        QCOMPARE(m_ecran->focusWidget(), table);
         QCOMPARE(trouver<QPlainTextEdit>(u"DetailListeErrRejet"_s)->toPlainText(), entree);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QString(entree + u'\n'));
@@ -157,7 +157,7 @@ private slots:
         // A cancelled dialog clears what was shown; the tabs stay on.
         m_dialogue.attendreFichier({});
         m_dialogue.attendreBoite(u"Aucun fichier n'a été sélectionné !!!"_s, u"DAS INFO"_s);
-        QTest::mouseClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::LeftButton);
+        QTest::keyClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::Key_Return);
         QCOMPARE(modele->rowCount(), 0);
         QCOMPARE(texte(u"LabEmpl"_s), QString());
         QVERIFY(trouver<QTabWidget>(u"SSTab1"_s)->isEnabled());
@@ -181,14 +181,26 @@ private slots:
         lignes += QStringList(40, mauvaise);
         extraire(ecrire(u"11000028_DAS_2021.txt"_s, lignes), 40, 0);
 
+        auto *table = trouver<QTableView>(u"ListeErrRejet"_s);
+        QTest::keyClick(table, Qt::Key_End);
+        QVERIFY(table->selectionModel()->isRowSelected(39));
+        QVERIFY(trouver<QPlainTextEdit>(u"DetailListeErrRejet"_s)->toPlainText().startsWith(u"Ligne N°:40 "));
+        QTest::keyClick(table, Qt::Key_Home, Qt::ControlModifier);
+        QVERIFY(table->selectionModel()->isRowSelected(0));
+
         const QString pdf = m_dossier.filePath(u"liste.pdf"_s);
         int demandes = 0;
         int copies = 1;
+        int jusqua = 0;
         m_ecran->CDImprimer = [&](QPrinter &imprimante) {
             ++demandes;
             imprimante.setOutputFormat(QPrinter::PdfFormat);
             imprimante.setOutputFileName(pdf);
             imprimante.setCopyCount(copies);
+            if (jusqua > 0) {
+                imprimante.setPrintRange(QPrinter::PageRange);
+                imprimante.setFromTo(2, jusqua);
+            }
             return copies > 0;
         };
         auto *bouton = trouver<QPushButton>(u"CmdImprimer"_s);
@@ -198,15 +210,22 @@ private slots:
         copies = 3;
         QTest::mouseClick(bouton, Qt::LeftButton);
         QCOMPARE(pages(pdf), 3 * uneCopie);
+        jusqua = 2;
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QCOMPARE(pages(pdf), 3);
+        jusqua = 1000;
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QCOMPARE(pages(pdf), 3 * (uneCopie - 1));
+        jusqua = 0;
 
         // Cancelled: nothing is printed and nothing said; nor is an empty list.
         QFile::remove(pdf);
         copies = 0;
         QTest::mouseClick(bouton, Qt::LeftButton);
-        QCOMPARE(demandes, 3);
+        QCOMPARE(demandes, 5);
         trouver<QTabWidget>(u"SSTab1"_s)->setCurrentIndex(1);
         QTest::mouseClick(trouver<QPushButton>(u"CmdImprimerOK"_s), Qt::LeftButton);
-        QCOMPARE(demandes, 3);
+        QCOMPARE(demandes, 5);
         QVERIFY(!QFile::exists(pdf));
     }
 
