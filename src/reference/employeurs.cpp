@@ -127,7 +127,7 @@ Champs champs(const FicheEmployeur &fiche)
             {u"Mail"_s, fiche.mailEdit}};
 }
 
-/// A sorted list has been read again by the change of a row, and sorting thousands twice would be felt.
+/// A sorted list keeps its order by itself at the change of a row, and sorting thousands again would be felt.
 void relire(Recordset &employeurs)
 {
     if (employeurs.tri().isEmpty())

@@ -10,6 +10,7 @@
 #include "fenetrefille.h"
 #include "nombre.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
@@ -19,6 +20,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcutEvent>
 #include <QStatusBar>
 
 #include <memory>
@@ -34,6 +36,8 @@ MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours,
     m_aire->setObjectName(u"Aire"_s);
     m_aire->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_aire->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // The window that was in use before comes to the front when one closes: another may lie hidden.
+    m_aire->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     m_aire->setAccessibleName(u"Fenêtres ouvertes"_s);
     m_aire->setBackground(palette().color(QPalette::Window).darker(112));
     setCentralWidget(m_aire);
@@ -171,6 +175,20 @@ void MDIForm::ouvrir(Entree &entree)
     rafraichir(entree);
 }
 
+/// The button of the active window that has these keys and can be pressed, nullptr without one.
+QAbstractButton *MDIForm::boutonDeLaFenetreActive(const QKeySequence &touches) const
+{
+    const QMdiSubWindow *fenetre = m_aire->activeSubWindow();
+    if (!fenetre || !isActiveWindow())
+        return nullptr;
+    const auto boutons = fenetre->findChildren<QAbstractButton *>();
+    for (QAbstractButton *bouton : boutons) {
+        if (bouton->shortcut() == touches && bouton->isVisible() && bouton->isEnabled())
+            return bouton;
+    }
+    return nullptr;
+}
+
 bool MDIForm::eventFilter(QObject *objet, QEvent *evenement)
 {
     if (evenement->type() == QEvent::ShortcutOverride) {
@@ -181,6 +199,17 @@ bool MDIForm::eventFilter(QObject *objet, QEvent *evenement)
                 evenement->ignore();
                 return true;
             }
+        }
+    }
+    if (evenement->type() == QEvent::Shortcut) {
+        // "&Ajouter" and "&Aide", "&Fermer" and "&Fichier" share their keys: the window comes before the
+        // menu.
+        const auto *raccourci = static_cast<QShortcutEvent *>(evenement);
+        QAbstractButton *bouton = boutonDeLaFenetreActive(raccourci->key());
+        if (raccourci->isAmbiguous() && bouton) {
+            bouton->setFocus(Qt::ShortcutFocusReason);
+            bouton->animateClick();
+            return true;
         }
     }
     return QMainWindow::eventFilter(objet, evenement);

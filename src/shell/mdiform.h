@@ -8,6 +8,8 @@
 
 #include <map>
 
+class QAbstractButton;
+class QKeySequence;
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
@@ -47,6 +49,7 @@ private:
     static void rafraichir(const Entree &entree);
     void faireCoche(const QString &nom, QMenu &menu);
     void activerGroupe(const QString &coche, bool active);
+    QAbstractButton *boutonDeLaFenetreActive(const QKeySequence &touches) const;
 
     Contexte m_contexte;
     QMdiArea *m_aire;

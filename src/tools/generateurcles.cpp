@@ -13,23 +13,27 @@ namespace {
 constexpr qsizetype codeBanque = 3;
 constexpr qsizetype chiffresAvecCle = 17;
 
-std::optional<QString> cleSS(QStringView numero)
+} // namespace
+
+std::optional<QString> CleDuSS(const QString &TxtSS)
 {
+    const QStringView numero = Trim(TxtSS);
     if (!EstNumerique(numero))
         return {};
     return CleSS(numero);
 }
 
-std::optional<QString> cleCCP(QStringView numero)
+std::optional<QString> CleDuCCP(const QString &TxtCCP)
 {
-    if (!EstNumerique(numero))
+    QString corps = Trim(TxtCCP).toString();
+    if (!EstNumerique(corps))
         return {};
-    QString corps = numero.toString();
     return CleCCP(corps);
 }
 
-std::optional<QString> verdictRipRib(QStringView compte, Dialogue &dialogue)
+std::optional<QString> VerdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue)
 {
+    const QStringView compte = Trim(wCptRIPRIB);
     if (!EstNumerique(compte)) {
         dialogue.avertir(u"Compte RIB ou RIP non numérique "_s);
         return {};
@@ -37,16 +41,4 @@ std::optional<QString> verdictRipRib(QStringView compte, Dialogue &dialogue)
     if (LireNombre(compte) == 0)
         return {};
     return CleRIB(compte.mid(codeBanque, chiffresAvecCle)) == u"0" ? u"Vrai"_s : u"Faux"_s;
-}
-
-} // namespace
-
-ClesGenerees GenererCles(const QString &TxtSS, const QString &TxtCCP, const QString &wCptRIPRIB,
-                         Dialogue &dialogue)
-{
-    ClesGenerees cles;
-    cles.LabSS = cleSS(Trim(TxtSS));
-    cles.LabCCP = cleCCP(Trim(TxtCCP));
-    cles.labRipRIB = verdictRipRib(Trim(wCptRIPRIB), dialogue);
-    return cles;
 }

@@ -6,15 +6,12 @@
 
 class Dialogue;
 
-/// What the key generator shows beside each number; nothing where the text shown before stays.
-struct ClesGenerees
-{
-    std::optional<QString> LabSS;
-    std::optional<QString> LabCCP;
-    std::optional<QString> labRipRIB;
-};
+/// What the key generator shows beside each number; nothing where the text shown before stays. Blanks around
+/// the number count for nothing.
 
-/// Works out the keys of an SS and of a CCP number, and checks that of a RIP or RIB, which has one already.
 /// @throws ErreurConversion for a number that has a sign or a separator
-ClesGenerees GenererCles(const QString &TxtSS, const QString &TxtCCP, const QString &wCptRIPRIB,
-                         Dialogue &dialogue);
+std::optional<QString> CleDuSS(const QString &TxtSS);
+/// @throws ErreurConversion as CleDuSS() does
+std::optional<QString> CleDuCCP(const QString &TxtCCP);
+/// A RIP or RIB has its key already: whether it is the right one.
+std::optional<QString> VerdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue);

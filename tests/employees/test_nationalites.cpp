@@ -162,9 +162,10 @@ private slots:
         RegistreFenetres registre;
         ajouterFenetresNationalites(registre);
         const std::unique_ptr<QWidget> ecran(registre.fabrique(u"wImpTabNat"_s)(contexte));
+        auto *importer = ecran->findChild<QPushButton *>(u"CmdImport"_s);
+        QCOMPARE(ecran->focusWidget(), importer);
         ecran->show();
         QCOMPARE(ecran->objectName(), u"FrmImpNat"_s);
-        auto *importer = ecran->findChild<QPushButton *>(u"CmdImport"_s);
         auto *nombre = ecran->findChild<QLabel *>(u"LabNombre"_s);
         QCOMPARE(nombre->text(), u"0"_s);
 

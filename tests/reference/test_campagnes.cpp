@@ -263,7 +263,6 @@ private slots:
         QVERIFY(liste.hasFocus());
 
         // Typed over what is offered, and never completed to it.
-        liste.lineEdit()->selectAll();
         QTest::keyClicks(liste.lineEdit(), u"202"_s);
         m_dialogue->attendreAvertissement(incorrecte);
         cliquer(u"cmb_add");
@@ -281,6 +280,7 @@ private slots:
         QCOMPARE(annees().last(), u"2011 du 01/07/2010 au 30/06/2011"_s);
         QCOMPARE(grille.currentIndex().siblingAtColumn(0).data().toString(), u"2011"_s);
         QCOMPARE(grille.currentIndex().row(), 1); // the newest stands first
+        QCOMPARE(liste.lineEdit()->selectedText(), u"2011"_s);
         // There is no employer yet, and the declarations need one.
         QVERIFY(m_menu.dits.isEmpty());
         base().RsEmployeur.ajouter({{u"num_emp"_s, u"12345678"}});

@@ -341,18 +341,44 @@ private slots:
         QVERIFY(feuille(*principale, u"Frm_imp"_s));
     }
 
+    /// Alt+A also names the menu "&Aide", Alt+F "&Fichier".
+    void touchesDesBoutons()
+    {
+        const auto principale = ouvrirProgramme();
+        QVERIFY(QTest::qWaitForWindowActive(principale.get()));
+        entree(*principale, u"wImp"_s)->trigger();
+        Feuille *ouverte = feuille(*principale, u"Frm_imp"_s);
+        QList<QSignalSpy *> clics;
+        for (const QString &libelle : {u"&Ajouter"_s, u"&Fermer"_s}) {
+            auto *bouton = new QPushButton(libelle, ouverte);
+            bouton->show();
+            clics += new QSignalSpy(bouton, &QPushButton::clicked);
+            clics.last()->setParent(bouton);
+        }
+        for (int fois = 1; fois <= 2; ++fois) {
+            QTest::keyClick(principale.get(), Qt::Key_A, Qt::AltModifier);
+            QTRY_COMPARE(clics[0]->size(), fois);
+            QTest::keyClick(principale.get(), Qt::Key_F, Qt::AltModifier);
+            QTRY_COMPARE(clics[1]->size(), fois);
+        }
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
+    /// When a window closes, the one that was in use before it is, and no other that may lie hidden.
     void fenetreSuivanteActive()
     {
         const auto principale = ouvrirProgramme();
         QVERIFY(QTest::qWaitForWindowActive(principale.get()));
-        entree(*principale, u"wvalidate"_s)->trigger();
-        entree(*principale, u"wImp"_s)->trigger();
+        for (const QString &nom : {u"wTransfLgDas"_s, u"wvalidate"_s, u"wImp"_s})
+            entree(*principale, nom)->trigger();
         auto *aire = principale->findChild<QMdiArea *>();
-        QCOMPARE(aire->activeSubWindow()->widget(), feuille(*principale, u"Frm_imp"_s));
+        const auto active = [aire] {
+            return aire->activeSubWindow() ? aire->activeSubWindow()->widget()->objectName() : QString();
+        };
+        QCOMPARE(active(), u"Frm_imp"_s);
         feuille(*principale, u"Frm_imp"_s)->close();
-        QTRY_COMPARE(aire->subWindowList().size(), 1);
-        QVERIFY(aire->activeSubWindow());
-        QCOMPARE(aire->activeSubWindow()->widget(), feuille(*principale, u"FrmDasValide"_s));
+        QTRY_COMPARE(aire->subWindowList().size(), 2);
+        QCOMPARE(active(), u"FrmDasValide"_s);
     }
 
     void permettre()

@@ -21,6 +21,7 @@ frmannee::frmannee(Contexte &contexte)
     m_ui->cmbannee->addItems(anneesProposees());
     connect(m_ui->cmbannee->lineEdit(), &QLineEdit::returnPressed, m_ui->cmb_add, &QPushButton::click);
     surClic(m_ui->cmb_add, [this] { ajouter(); });
+    reprendreSaisie(*m_ui->cmbannee);
 }
 
 frmannee::~frmannee() = default;
@@ -31,6 +32,7 @@ void frmannee::ajouter()
         reprendreSaisie(*m_ui->cmbannee);
         return;
     }
+    m_ui->cmbannee->lineEdit()->selectAll(); // the next year is typed over this one
     if (!m_contexte.base.RsEmployeur.vide())
         m_contexte.menu.permettre(u"wdas"_s, true);
 }

@@ -43,11 +43,10 @@ FrmGenCle::~FrmGenCle() = default;
 
 void FrmGenCle::generer()
 {
-    const ClesGenerees cles =
-        GenererCles(m_ui->TxtSS->text(), m_ui->TxtCCP->text(), m_ui->wCptRIPRIB->text(), m_contexte.dialogue);
-    montrer(*m_ui->LabSS, cles.LabSS);
-    montrer(*m_ui->LabCCP, cles.LabCCP);
-    montrer(*m_ui->labRipRIB, cles.labRipRIB);
+    // Each key shows before the next number is looked at, which may be refused.
+    montrer(*m_ui->LabSS, CleDuSS(m_ui->TxtSS->text()));
+    montrer(*m_ui->LabCCP, CleDuCCP(m_ui->TxtCCP->text()));
+    montrer(*m_ui->labRipRIB, VerdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue));
 }
 
 /// The verdict on the account stays, which is meant.
