@@ -1,5 +1,6 @@
 #include "basedas.h"
 #include "controledas.h"
+#include "dialogue.h"
 #include "exportdas.h"
 #include "genredas.h"
 #include "lignedas.h"
@@ -89,7 +90,7 @@ void Controler(benchmark::State &etat)
     }
 }
 
-void Exporter(benchmark::State &etat)
+void EcrireFichier(benchmark::State &etat)
 {
     BaseDas &essai = declaration(etat.range(0));
     const QTemporaryDir dossier;
@@ -109,7 +110,7 @@ BENCHMARK(AjouterLigne)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(50);
 BENCHMARK(Controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
-BENCHMARK(Exporter)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(EcrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -50,6 +50,8 @@ void ChampsLigneDas::ecrire(const FicheLigneDas &fiche) const
     EOption->setChecked(fiche.EOption);
     SOption->setChecked(fiche.SOption);
     mskdate->setText(fiche.mskdate);
+    if (const auto jour = dateDe(fiche.mskdate))
+        Clend_naiss->setSelectedDate(*jour);
 }
 
 void ChampsLigneDas::montrer(const SalarieMontre &salarie) const
