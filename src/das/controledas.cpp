@@ -7,6 +7,7 @@
 #include "fichesalarie.h"
 #include "genredas.h"
 #include "identite.h"
+#include "saisie.h"
 #include "texte.h"
 
 using namespace Qt::StringLiterals;
@@ -111,7 +112,7 @@ private:
             throw ErreurConversion(u"La date de naissance du salarié %1 %2 n'est pas renseignée."_s.arg(
                 ligne.texte(Nom), ligne.texte(Prenom)));
         }
-        return TexteDate(naissance).right(2);
+        return ComplZeros(QString::number(naissance.year() % 100), 2);
     }
 
     /// A number that is not all digits has no key that could be right.
