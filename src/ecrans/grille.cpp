@@ -167,10 +167,12 @@ void Grille::keyPressEvent(QKeyEvent *evenement)
             emit suppressionDemandee();
         return;
     case Qt::Key_Home:
-        m_recordset->allerA(0);
+        if (surLigne)
+            m_recordset->allerA(0);
         return;
     case Qt::Key_End:
-        m_recordset->allerA(m_recordset->rowCount() - 1);
+        if (surLigne)
+            m_recordset->allerA(m_recordset->rowCount() - 1);
         return;
     default:
         QTableView::keyPressEvent(evenement);

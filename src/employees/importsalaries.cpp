@@ -4,9 +4,12 @@
 #include "date.h"
 #include "dialogue.h"
 #include "fichesalarie.h"
+#include "lecteurlignes.h"
 #include "texte.h"
 
 #include <QFile>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -39,19 +42,12 @@ QStringView couper(QStringView ligne, const ChampFichier &champ)
     return Trim(ligne.mid(champ.debut, champ.longueur));
 }
 
-/// Reads the next line without its end; only the head of an overlong one, in which no field stands further
-/// back. @throws ErreurFichier when there is none or it can't be read
-QString lireLigne(QFile &fichier)
+/// The next line, only its head when it is overlong: no field stands further back.
+QString lireLigne(LecteurLignes &lecteur)
 {
-    constexpr qint64 utile = 512;
-    QByteArray ligne = fichier.readLine(utile);
-    if (ligne.isEmpty())
-        throw ErreurFichier(u"Le fichier « %1 » n'a plus de ligne à lire."_s.arg(fichier.fileName()));
-    for (QByteArray suite = ligne; !suite.isEmpty() && !suite.endsWith('\n');)
-        suite = fichier.readLine(64 * 1024);
-    if (ligne.endsWith('\n'))
-        ligne.chop(ligne.endsWith("\r\n") ? 2 : 1);
-    return decoder(ligne);
+    constexpr qsizetype utile = 512;
+    const QByteArrayView ligne = lecteur.lire();
+    return decoder(ligne.first(std::min(ligne.size(), utile)));
 }
 
 /// @return whether the employer is a new one
@@ -105,18 +101,16 @@ private:
     QString m_sql;
 };
 
-ImportSalaries importer(QFile &fichier, Base &base, Dialogue &dialogue, const SuiviImport &suivi)
+ImportSalaries importer(LecteurLignes &lecteur, Base &base, Dialogue &dialogue, const SuiviImport &suivi)
 {
     ImportSalaries resultat;
-    resultat.employeurAjoute = importerEmployeur(base, lireLigne(fichier), dialogue);
+    resultat.employeurAjoute = importerEmployeur(base, lireLigne(lecteur), dialogue);
     suivi.avancer(0);
     AjoutSalaries salaries(base.Cnx);
-    while (!fichier.atEnd()) {
-        ++(salaries.ajouter(lireLigne(fichier)) ? resultat.ajoutes : resultat.ignores);
+    while (!lecteur.finie()) {
+        ++(salaries.ajouter(lireLigne(lecteur)) ? resultat.ajoutes : resultat.ignores);
         suivi.avancer(resultat.ajoutes + resultat.ignores);
     }
-    if (fichier.error() != QFileDevice::NoError)
-        throw ErreurFichier(fichier.errorString());
     resultat.fait = true;
     return resultat;
 }
@@ -132,14 +126,14 @@ ImportSalaries ImporterSalaries(Base &base, Dialogue &dialogue, const SuiviImpor
     ImportSalaries resultat;
     try {
         QFile fichier(chemin);
-        if (!fichier.open(QIODevice::ReadOnly))
-            throw ErreurFichier(fichier.errorString());
-        if (lireLigne(fichier) != marque) {
+        ouvrir(fichier, chemin);
+        LecteurLignes lecteur(fichier);
+        if (lireLigne(lecteur) != marque) {
             dialogue.avertir(u"Fichier incorrect! Importation échouée!!"_s);
             return {};
         }
         Transaction transaction(base.Cnx);
-        resultat = importer(fichier, base, dialogue, suivi);
+        resultat = importer(lecteur, base, dialogue, suivi);
         transaction.commit();
     } catch (const Erreur &) {
         return {}; // without a word: that is required

@@ -2,6 +2,7 @@
 
 #include "base.h"
 #include "dialogue.h"
+#include "lecteurlignes.h"
 #include "lieux.h"
 #include "texte.h"
 
@@ -16,24 +17,12 @@ constexpr qsizetype longueurCode = 3;
 constexpr qsizetype colonnesNom = 43;
 constexpr qsizetype longueurNom = 40;
 
-/// Reads the next line, without its end. @return false when it can't be read
-bool lireLigne(QFile &fichier, QString &ligne)
-{
-    QByteArray octets = fichier.readLine();
-    const bool lue = !octets.isEmpty() && fichier.error() == QFile::NoError;
-    if (octets.endsWith('\n'))
-        octets.chop(octets.endsWith("\r\n") ? 2 : 1);
-    ligne = decoder(octets);
-    return lue;
-}
-
 bool estFin(const QString &ligne) { return ligne.startsWith(u"End"); }
 
-void stockerLignes(Connexion &cnx, QFile &fichier, QString ligne)
+void stockerLignes(Connexion &cnx, LecteurLignes &lecteur, QString ligne)
 {
-    while (!estFin(ligne) && !fichier.atEnd()) {
-        if (!lireLigne(fichier, ligne))
-            throw ErreurFichier(fichier.errorString());
+    while (!estFin(ligne) && !lecteur.finie()) {
+        ligne = decoder(lecteur.lire());
         if (estFin(ligne))
             break;
         const QStringView nom = Trim(QStringView(ligne).mid(longueurCode, colonnesNom));
@@ -47,8 +36,12 @@ void stockerLignes(Connexion &cnx, QFile &fichier, QString ligne)
 bool ImporterNationalites(Base &base, Dialogue &dialogue)
 {
     QFile fichier(cheminCountry());
+    LecteurLignes lecteur(fichier);
     QString entete;
-    if (!fichier.open(QIODevice::ReadOnly) || !lireLigne(fichier, entete)) {
+    try {
+        ouvrir(fichier, fichier.fileName());
+        entete = decoder(lecteur.lire());
+    } catch (const ErreurFichier &) {
         dialogue.avertir(u"Fichier Country Inexistant! Importation échouée!!"_s);
         return false;
     }
@@ -59,7 +52,7 @@ bool ImporterNationalites(Base &base, Dialogue &dialogue)
         return false;
     }
     try {
-        stockerLignes(base.Cnx, fichier, entete);
+        stockerLignes(base.Cnx, lecteur, entete);
     } catch (const Erreur &) {
         return false; // told by nothing, which is meant: the transaction rolls back
     }

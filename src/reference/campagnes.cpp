@@ -45,8 +45,10 @@ bool AjouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
                        "Saisissez une année superieure à 1997 et inferieure ou égale à l'année en cours."_s);
     }
     // The table itself, and not the list: another program may have added the year meanwhile.
-    if (base.Cnx.existe(u"SELECT 1 FROM annee WHERE annee = ?"_s, {annee}))
+    if (base.Cnx.existe(u"SELECT 1 FROM annee WHERE annee = ?"_s, {annee})) {
+        base.RsAnnee.requery();
         return refuser(u"Année déja créée!"_s);
+    }
 
     try {
         base.RsAnnee.ajouter({{u"annee"_s, annee}, {u"compagne"_s, compagne(annee)}});

@@ -45,8 +45,10 @@ bool AjouterPeriodes(Base &base, const QString &annee, const QString &trimestre,
     if (trimestre.isEmpty())
         return refuser(u"Veuillez selectionner le trimestre SVP"_s);
     // Only the quarter's own row counts; a month alone comes from an older database.
-    if (base.Cnx.existe(u"SELECT 1 FROM Periode WHERE Code = ?"_s, {annee + trimestre}))
+    if (base.Cnx.existe(u"SELECT 1 FROM Periode WHERE Code = ?"_s, {annee + trimestre})) {
+        base.RsPeriode.requery(); // it may be another program's, which the list does not show yet
         return refuser(u"la période est déja créée!"_s);
+    }
 
     try {
         for (const QString &periode : periodesDe(trimestre))

@@ -223,7 +223,8 @@ double Val(QStringView texte)
     constexpr int chiffresMax = 18;
     constexpr qint64 exactMax = qint64(1) << std::numeric_limits<double>::digits;
     static constexpr std::array<double, chiffresMax + 1> puissances = {
-        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+        1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+        1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
     bool negatif = false;
     bool signePossible = true;
     bool point = false;

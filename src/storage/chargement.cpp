@@ -1,6 +1,7 @@
 #include "chargement.h"
 
 #include "dialogue.h"
+#include "lecteurlignes.h"
 #include "lieux.h"
 #include "recordset.h"
 #include "texte.h"
@@ -11,30 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads the next line, without its end. @throws ErreurFichier when there is none or it can't be read
-QString lireLigne(QFile &fichier)
-{
-    QByteArray ligne = fichier.readLine();
-    if (ligne.isEmpty())
-        throw ErreurFichier(u"Le fichier « %1 » n'a plus de ligne à lire."_s.arg(fichier.fileName()));
-    if (ligne.endsWith('\n'))
-        ligne.chop(ligne.endsWith("\r\n") ? 2 : 1);
-    return decoder(ligne);
-}
-
-void stockerLignes(Connexion &cnx, const QString &table, QFile &fichier, QString ligne,
+void stockerLignes(Connexion &cnx, const QString &table, LecteurLignes &lecteur, QString ligne,
                    const FichierReference &forme)
 {
     // The end is looked for before the line just read is stored, so a last line that is not "End" is lost:
     // files in use rely on their end mark.
-    while (!fichier.atEnd() && ligne.left(3) != u"End") {
+    while (!lecteur.finie() && ligne.left(3) != u"End") {
         if (!forme.sauteLignesBlanches || !Trim(QStringView(ligne).left(3)).isEmpty()) {
             Champs champs;
             for (const ChampReference &champ : forme.champs)
                 champs.append({champ.colonne, Trim(QStringView(ligne).mid(champ.debut, champ.longueur))});
             cnx.inserer(table, champs);
         }
-        ligne = lireLigne(fichier);
+        ligne = decoder(lecteur.lire());
     }
 }
 
@@ -67,11 +57,11 @@ FichierReference fichierWilayas()
 bool ChargerReference(Connexion &cnx, Recordset &table, const FichierReference &forme, Dialogue &dialogue)
 {
     QFile fichier(forme.chemin);
+    LecteurLignes lecteur(fichier);
     QString premiere;
     try {
-        if (!fichier.open(QIODevice::ReadOnly))
-            throw ErreurFichier(fichier.errorString());
-        premiere = lireLigne(fichier);
+        ouvrir(fichier, forme.chemin);
+        premiere = decoder(lecteur.lire());
     } catch (const ErreurFichier &) {
         dialogue.avertir(forme.messageAbsent);
         return false;
@@ -79,7 +69,7 @@ bool ChargerReference(Connexion &cnx, Recordset &table, const FichierReference &
     try {
         table.ouvrir();
         Transaction transaction(cnx);
-        stockerLignes(cnx, table.table(), fichier, premiere, forme);
+        stockerLignes(cnx, table.table(), lecteur, premiere, forme);
         transaction.commit();
         table.requery();
     } catch (const Erreur &) {

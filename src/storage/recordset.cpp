@@ -28,6 +28,13 @@ QVariant montrable(const QVariant &valeur, Genre genre)
     return valeur.toString();
 }
 
+/// Numbers stand on the right.
+QVariant alignement(Genre genre)
+{
+    const bool nombre = genre == Genre::Entier || genre == Genre::Montant;
+    return QVariant::fromValue(Qt::Alignment((nombre ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+}
+
 QVariant typee(const QVariant &valeur, Genre genre)
 {
     if (genre == Genre::Montant && valeur.typeId() == QMetaType::LongLong)
@@ -443,11 +450,8 @@ QVariant Recordset::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Genre genre = m_genres[index.column()];
-    if (role == Qt::TextAlignmentRole) {
-        const bool adroite = genre == Genre::Entier || genre == Genre::Montant;
-        return QVariant::fromValue(
-            Qt::Alignment((adroite ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
-    }
+    if (role == Qt::TextAlignmentRole)
+        return alignement(genre);
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     try {
@@ -470,6 +474,6 @@ QVariant Recordset::headerData(int section, Qt::Orientation orientation, int rol
         return m_titres.value(nom.toLower(), nom);
     }
     if (role == Qt::TextAlignmentRole)
-        return data(index(0, section), role);
+        return alignement(m_genres[section]);
     return {};
 }

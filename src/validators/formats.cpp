@@ -1,6 +1,7 @@
 #include "formats.h"
 
 #include "lecteurlignes.h"
+#include "marque.h"
 #include "validateurdas.h"
 
 #include <QFile>

@@ -3,6 +3,7 @@
 #include "dialogue.h"
 #include "erreurs.h"
 #include "lecteurlignes.h"
+#include "marque.h"
 #include "nombre.h"
 #include "texte.h"
 

@@ -111,12 +111,11 @@ void poserLignes(Connexion &cnx, const QString &numero, qint64 cpt_z)
 std::optional<Refus> changerNumero(Base &base, const QString &chiffres, const QString &cle,
                                    Dialogue &dialogue, EcranNote &note)
 {
-    FicheRemplie remplie = remplirFiche(base.RsSalarie.courant(), base.Cnx);
+    const FicheRemplie remplie = remplirFiche(base.RsSalarie.courant(), base.Cnx);
     FicheSalarie fiche = ficheNationale();
     fiche.num_salmask = chiffres;
     fiche.clemask = cle;
-    const auto refus = ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi);
-    return refus;
+    return ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi);
 }
 
 /// The child of the kill test: changes the number, saying when it begins and when it is done.
@@ -438,6 +437,10 @@ private slots:
         QTest::addColumn<Attendu>("attendu");
         QTest::addColumn<QString>("issue"); // the stored accounts, or the control of the refusal
 
+        const auto ligne = [](const char *nom, const QString &banc, const QString &ccp,
+                              const Attendu &attendu, const QString &issue) {
+            QTest::newRow(nom) << banc << ccp << attendu << issue;
+        };
         const auto avertir = [](const QString &creation, const QString &modification = {}) {
             return Attendu([=](DialogueScenario &d, Affiliation a) {
                 d.attendreAvertissement(a == Creation || modification.isEmpty() ? creation : modification);
@@ -452,6 +455,8 @@ private slots:
         };
         const Attendu rien = [](DialogueScenario &, Affiliation) {};
         const QString zeros(20, u'0');
+        const QString surBanc = u"refus num_cpt_bancedit"_s;
+        const QString surCcp = u"refus num_cpt_ccpedit"_s;
         const QString rib = u"00112345678901234561"_s;
         const QString rip = u"00712345678901234561"_s;
 
@@ -467,56 +472,49 @@ private slots:
             QTest::addRow("aucun compte, %s", oui ? "oui" : "non")
                 << QString(20, u'_') << u""_s << question << (oui ? QString(u"|"_s + zeros) : u"refus "_s);
         }
-        QTest::newRow("banque bonne") << rib << u""_s << rien << QString(u"|"_s + rib);
-        QTest::newRow("banque incomplete")
-            << u"0011234567890123456_"_s << u""_s
-            << avertir(u"Veuillez compléter le numéro de compte bancaire SVP"_s,
-                       u"Veuillez compléter le numéro de compte RIB bancaire SVP"_s)
-            << u"refus num_cpt_bancedit"_s;
+        ligne("banque bonne", rib, u""_s, rien, QString(u"|"_s + rib));
+        ligne("banque incomplete", u"0011234567890123456_"_s, u""_s,
+              avertir(u"Veuillez compléter le numéro de compte bancaire SVP"_s,
+                      u"Veuillez compléter le numéro de compte RIB bancaire SVP"_s),
+              surBanc);
         const Attendu errone =
             avertir(u"Votre compte bancaire est erroné !"_s,
                     u"Votre compte RIB bancaire est incorrecte, veuillez le corriger SVP !"_s);
-        QTest::newRow("banque fausse")
-            << u"00112345678901234562"_s << u""_s << errone << u"refus num_cpt_bancedit"_s;
-        QTest::newRow("banque a blanc")
-            << u"001 2345678901234561"_s << u""_s << errone << u"refus num_cpt_bancedit"_s;
-        QTest::newRow("RIP en banque")
-            << rip << u""_s
-            << avertir(u"Il s'agit d'un compte RIP CCP, veuillez le saisir dans la bonne case SVP"_s)
-            << u"refus num_cpt_bancedit"_s;
-        QTest::newRow("banque ouverte par autre chose") // reads as zero, so it counts as none
-            << u"_0112345678901234561"_s << u"123456768"_s << rien << QString(u"123456768|"_s + zeros);
+        ligne("banque fausse", u"00112345678901234562"_s, u""_s, errone, surBanc);
+        ligne("banque a blanc", u"001 2345678901234561"_s, u""_s, errone, surBanc);
+        ligne("RIP en banque", rip, u""_s,
+              avertir(u"Il s'agit d'un compte RIP CCP, veuillez le saisir dans la bonne case SVP"_s),
+              surBanc);
+        // It reads as zero, so it counts as none.
+        ligne("banque ouverte par autre chose", u"_0112345678901234561"_s, u"123456768"_s, rien,
+              QString(u"123456768|"_s + zeros));
 
-        QTest::newRow("ccp bon") << zeros << u"123456768"_s << rien << QString(u"123456768|"_s + zeros);
-        QTest::newRow("ccp a nettoyer")
-            << zeros << u"0012-3456 768"_s << modifie(u"123456768"_s) << QString(u"123456768|"_s + zeros);
+        ligne("ccp bon", zeros, u"123456768"_s, rien, QString(u"123456768|"_s + zeros));
+        ligne("ccp a nettoyer", zeros, u"0012-3456 768"_s, modifie(u"123456768"_s),
+              QString(u"123456768|"_s + zeros));
         const QString incorrect = u"Numéro de compte CCP incorrect !\nVerifiez le numéro ccp!"_s;
-        QTest::newRow("ccp court") << zeros << u"00123"_s << modifie(u"123"_s, incorrect)
-                                   << u"refus num_cpt_ccpedit"_s;
-        QTest::newRow("ccp sans chiffre")
-            << zeros << u"neant"_s << avertir(incorrect) << u"refus num_cpt_ccpedit"_s;
+        ligne("ccp court", zeros, u"00123"_s, modifie(u"123"_s, incorrect), surCcp);
+        ligne("ccp sans chiffre", zeros, u"neant"_s, avertir(incorrect), surCcp);
         const QString fauxCcp = u"Compte CCP Incorrecte, veuillez rectifiez SVP"_s;
-        QTest::newRow("ccp a zeros") << zeros << u"00000"_s << avertir(fauxCcp) << u"refus num_cpt_ccpedit"_s;
-        QTest::newRow("ccp faux") << zeros << u"123456769"_s << avertir(fauxCcp)
-                                  << u"refus num_cpt_ccpedit"_s;
-        QTest::newRow("rip bon") << zeros << rip << rien << QString(rip + u"|"_s + zeros);
+        ligne("ccp a zeros", zeros, u"00000"_s, avertir(fauxCcp), surCcp);
+        ligne("ccp faux", zeros, u"123456769"_s, avertir(fauxCcp), surCcp);
+        ligne("rip bon", zeros, rip, rien, QString(rip + u"|"_s + zeros));
         const QString fauxRip = u"Compte RIP CCP Incorrecte, veuillez rectifiez SVP"_s;
-        QTest::newRow("rip faux") << zeros << u"00712345678901234562"_s << avertir(fauxRip)
-                                  << u"refus num_cpt_ccpedit"_s;
-        QTest::newRow("rip d'une banque") << zeros << rib << avertir(fauxRip) << u"refus num_cpt_ccpedit"_s;
+        ligne("rip faux", zeros, u"00712345678901234562"_s, avertir(fauxRip), surCcp);
+        ligne("rip d'une banque", zeros, rib, avertir(fauxRip), surCcp);
 
-        QTest::newRow("ccp pris")
-            << zeros << u"765432124"_s
-            << avertir(
-                   u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s)
-            << u"refus "_s;
-        QTest::newRow("banque prise")
-            << u"00300000000000000097"_s << u""_s
-            << avertir(
-                   u"Ce compte bancaire est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s)
-            << u"refus "_s;
-        QTest::newRow("banque d'un homonyme") // who shares the name is no other employee
-            << u"00400000000000000194"_s << u""_s << rien << u"|00400000000000000194"_s;
+        ligne(
+            "ccp pris", zeros, u"765432124"_s,
+            avertir(
+                u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s),
+            u"refus "_s);
+        ligne(
+            "banque prise", u"00300000000000000097"_s, u""_s,
+            avertir(
+                u"Ce compte bancaire est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s),
+            u"refus "_s);
+        // Who shares the name is no other employee.
+        ligne("banque d'un homonyme", u"00400000000000000194"_s, u""_s, rien, u"|00400000000000000194"_s);
     }
 
     void comptes()
@@ -666,6 +664,10 @@ private slots:
         QTest::addColumn<QString>("salarie"); // the row behind, or empty when the change is refused
         QTest::addColumn<QString>("lignes");
 
+        const auto ligne = [](const char *nom, const QString &ancien, const QString &nouveau,
+                              const Attendu &attendu, const QString &salarie, const QString &lignes) {
+            QTest::newRow(nom) << ancien << nouveau << attendu << salarie << lignes;
+        };
         const QString confirmer = u"confirmez vous le changement du numéro SS de cet employé (Oui/Non) ? "_s;
         const QString supprimer =
             u"Cet employé posséde déja un numéro SS, voulez vous lui supprimer le N° de sécurité sociale ? "_s;
@@ -679,37 +681,36 @@ private slots:
         };
         const Attendu rien = [](DialogueScenario &, Affiliation) {};
 
-        QTest::newRow("autre numero") << u"882345678911"_s << u"882345678020"_s << questions(confirmer, true)
-                                      << u"882345678020|3"_s << u"882345678020|3"_s;
-        QTest::newRow("autre numero, non") << u"882345678911"_s << u"882345678020"_s
-                                           << questions(confirmer, false) << u""_s << u"882345678911|3"_s;
-        QTest::newRow("numero pris") << u"882345678911"_s << u"882345678218"_s
-                                     << Attendu([=](DialogueScenario &d, Affiliation) {
-                                            d.attendreQuestion(confirmer, true);
-                                            d.attendreAvertissement(
-                                                u"Ce numéro est déja affecté à un autre employé, "
-                                                "modification N° SS non autorisée!"_s);
-                                        })
-                                     << u""_s << u"882345678911|3"_s;
-        QTest::newRow("cle seule") << u"882345678999"_s << u"882345678911"_s << rien << u"882345678911|3"_s
-                                   << u"882345678999|3"_s;
-        QTest::newRow("numero supprime")
-            << u"882345678911"_s << u"000000000000"_s << Attendu([=](DialogueScenario &d, Affiliation) {
-                   sans(d);
-                   d.attendreQuestion(supprimer, true);
-               })
-            << u"000000000000|3"_s << u"000000000000|3"_s;
-        QTest::newRow("numero supprime, non")
-            << u"882345678911"_s << u"000000000000"_s << Attendu([=](DialogueScenario &d, Affiliation) {
-                   sans(d);
-                   d.attendreQuestion(supprimer, false);
-               })
-            << u""_s << u"882345678911|3"_s;
-        QTest::newRow("premier numero")
-            << u"000000000000"_s << u"882345678020"_s << rien << u"882345678020|3"_s << u"882345678020|3"_s;
-        QTest::newRow("toujours sans") << u"000000000000"_s << u"000000000000"_s
-                                       << Attendu([=](DialogueScenario &d, Affiliation) { sans(d); })
-                                       << u"000000000000|3"_s << u"000000000000|3"_s;
+        ligne("autre numero", u"882345678911"_s, u"882345678020"_s, questions(confirmer, true),
+              u"882345678020|3"_s, u"882345678020|3"_s);
+        ligne("autre numero, non", u"882345678911"_s, u"882345678020"_s, questions(confirmer, false), u""_s,
+              u"882345678911|3"_s);
+        ligne("numero pris", u"882345678911"_s, u"882345678218"_s,
+              Attendu([=](DialogueScenario &d, Affiliation) {
+                  d.attendreQuestion(confirmer, true);
+                  d.attendreAvertissement(u"Ce numéro est déja affecté à un autre employé, "
+                                          "modification N° SS non autorisée!"_s);
+              }),
+              u""_s, u"882345678911|3"_s);
+        ligne("cle seule", u"882345678999"_s, u"882345678911"_s, rien, u"882345678911|3"_s,
+              u"882345678999|3"_s);
+        ligne("numero supprime", u"882345678911"_s, u"000000000000"_s,
+              Attendu([=](DialogueScenario &d, Affiliation) {
+                  sans(d);
+                  d.attendreQuestion(supprimer, true);
+              }),
+              u"000000000000|3"_s, u"000000000000|3"_s);
+        ligne("numero supprime, non", u"882345678911"_s, u"000000000000"_s,
+              Attendu([=](DialogueScenario &d, Affiliation) {
+                  sans(d);
+                  d.attendreQuestion(supprimer, false);
+              }),
+              u""_s, u"882345678911|3"_s);
+        ligne("premier numero", u"000000000000"_s, u"882345678020"_s, rien, u"882345678020|3"_s,
+              u"882345678020|3"_s);
+        ligne("toujours sans", u"000000000000"_s, u"000000000000"_s,
+              Attendu([=](DialogueScenario &d, Affiliation) { sans(d); }), u"000000000000|3"_s,
+              u"000000000000|3"_s);
     }
 
     void numero()

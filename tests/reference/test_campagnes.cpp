@@ -225,10 +225,11 @@ private slots:
     {
         Connexion autre;
         autre.ouvrir(m_essai->chemin());
-        // What the other one has added is seen, although the list here does not show it.
+        // What the other one has added is seen, although the list here did not show it.
         autre.inserer(u"annee"_s, {{u"annee"_s, 2015}});
         m_dialogue->attendreAvertissement(u"Année déja créée!"_s);
         QVERIFY(!AjouterCampagne(base(), u"2015"_s, *m_dialogue));
+        QCOMPARE(base().RsAnnee.nombre(), 1);
 
         base().Cnx.existe(u"PRAGMA busy_timeout = 20"_s);
         const QString occupee =

@@ -1,5 +1,6 @@
 #include "erreurs.h"
 #include "lecteurlignes.h"
+#include "marque.h"
 
 #include <QBuffer>
 #include <QTest>

@@ -447,6 +447,11 @@ private slots:
                  u"LISTE DES ERREURS DE REJET DAS EMPLOYEUR N° 12345678 - ANNEE 2024"_s);
         QCOMPARE(validateur.titreImpression(validateur.sansIncidence),
                  u"LISTE DES ERREURS MODIFIEES DAS EMPLOYEUR N° 12345678 - ANNEE 2024"_s);
+
+        // A fault that had the first file returned does not weigh on the next one.
+        const QStringList sansFaute = QStringList{marque, entete.chopped(4) + u"1000,5;1;"_s} + lignesDe(1);
+        QCOMPARE(extraire(validateur, sansFaute, {{BoiteAttendue::Application, resume(0, 0)}}),
+                 Verdict::Acceptee);
     }
 
     void fichiers_data()

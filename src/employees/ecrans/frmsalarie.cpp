@@ -10,6 +10,8 @@
 #include "salaries.h"
 #include "ui_frmsalarie.h"
 
+#include <QShowEvent>
+
 using namespace Qt::StringLiterals;
 
 frmsalarie::frmsalarie(Contexte &contexte)
@@ -42,7 +44,6 @@ frmsalarie::frmsalarie(Contexte &contexte)
     recours.connecter(&m_salaries, &QAbstractItemModel::dataChanged, this, relire);
     connect(&m_salaries, &QAbstractItemModel::modelReset, this, [this] { m_numeroMontre.reset(); });
     montrerCourant();
-    m_ui->DataGrid1->setFocus();
 }
 
 frmsalarie::~frmsalarie() = default;
@@ -88,6 +89,13 @@ QString frmsalarie::nationaliteDe(const QString &numero)
     const QString nationalite = NationaliteSalarie(m_contexte.base.Cnx, numero);
     m_numeroMontre = numero;
     return nationalite;
+}
+
+void frmsalarie::showEvent(QShowEvent *evenement)
+{
+    FenetreTable::showEvent(evenement);
+    if (!evenement->spontaneous())
+        m_ui->DataGrid1->setFocus(); // the list first, though the search stands above it
 }
 
 /// The other screens see the whole table again.

@@ -20,6 +20,7 @@ public:
     ~frmsalarie() override;
 
 protected:
+    void showEvent(QShowEvent *evenement) override;
     void closeEvent(QCloseEvent *evenement) override;
 
 private:

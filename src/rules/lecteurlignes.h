@@ -40,7 +40,3 @@ private:
 /// Opens a file for reading. @param nom what the refusal calls it
 /// @throws ErreurFichier with the reason
 void ouvrir(QIODevice &source, const QString &nom);
-
-/// The format mark that a first line holds: trimmed, then without tabs, in capitals. A line that is far too
-/// long for any mark comes back cut: it differs from all of them anyway.
-QString marqueDe(QByteArrayView octets);

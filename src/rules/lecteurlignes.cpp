@@ -1,7 +1,6 @@
 #include "lecteurlignes.h"
 
 #include "erreurs.h"
-#include "texte.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype TailleBloc = 128 * 1024;
-constexpr qsizetype MarqueLongue = 1024;
 
 } // namespace
 
@@ -85,20 +83,4 @@ void ouvrir(QIODevice &source, const QString &nom)
             raison = u"vous n'avez pas le droit de le lire."_s;
     }
     throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, raison));
-}
-
-QString marqueDe(QByteArrayView octets)
-{
-    while (octets.startsWith(' '))
-        octets = octets.sliced(1);
-    while (octets.endsWith(' '))
-        octets.chop(1);
-    QByteArray propre;
-    for (const char c : octets) {
-        if (c != '\t')
-            propre += c;
-        if (propre.size() > MarqueLongue)
-            break;
-    }
-    return majuscules(decoder(propre));
 }
