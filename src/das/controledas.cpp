@@ -7,6 +7,7 @@
 #include "fichesalarie.h"
 #include "genredas.h"
 #include "identite.h"
+#include "saisie.h"
 #include "texte.h"
 
 using namespace Qt::StringLiterals;
@@ -34,13 +35,9 @@ enum Colonne {
     DateES
 };
 
-QString requeteLignes()
-{
-    return u"SELECT l.num_salarie, num_cpt_ccp, num_cpt_banc, etranger, IdNat, nom, prenom, date_naiss, "
-           "NumActeNaiss, type_date_es, date_es FROM ligne_das AS l INNER JOIN salarie AS s ON "
-           "s.num_salarie = l.num_salarie AND s.cpt_z = l.cpt_z WHERE l.num_emp = ? AND l.annee = ? AND "
-           "l.type_das = ? ORDER BY l.rowid"_s;
-}
+const QString colonnes =
+    u"l.num_salarie, num_cpt_ccp, num_cpt_banc, etranger, IdNat, nom, prenom, date_naiss, NumActeNaiss, "
+    "type_date_es, date_es"_s;
 
 /// An account of the bank, whatever the bank: 20 digits that are not all zeros, and the key right.
 bool compteBancaireValide(QStringView compte)
@@ -52,14 +49,16 @@ bool compteBancaireValide(QStringView compte)
 class Passe
 {
 public:
-    Passe(Connexion &cnx, const Enregistrement &entete, Dialogue &dialogue)
-        : m_cnx(cnx), m_entete(entete), m_cle(cleEntete(genreDas(), entete)), m_dialogue(dialogue)
+    Passe(Base &base, const Enregistrement &entete, Dialogue &dialogue)
+        : m_base(base), m_entete(entete), m_cle(cleEntete(genreDas(), entete)), m_dialogue(dialogue)
     {
     }
 
     bool derouler()
     {
-        Requete lignes = m_cnx.lire(requeteLignes(), {m_cle.employeur, m_cle.periode, m_cle.type});
+        Requete lignes =
+            m_base.Cnx.lire(u"SELECT "_s + colonnes + lignesEtSalaries(m_base, genreDas(), m_cle),
+                            lignesDe(genreDas(), m_cle).valeurs);
         while (lignes.suivante()) {
             if (!ligne(lignes))
                 return false;
@@ -113,7 +112,7 @@ private:
             throw ErreurConversion(u"La date de naissance du salarié %1 %2 n'est pas renseignée."_s.arg(
                 ligne.texte(Nom), ligne.texte(Prenom)));
         }
-        return TexteDate(naissance).right(2);
+        return ComplZeros(QString::number(naissance.year() % 100), 2);
     }
 
     /// A number that is not all digits has no key that could be right.
@@ -189,7 +188,7 @@ private:
         return false;
     }
 
-    Connexion &m_cnx;
+    Base &m_base;
     Enregistrement m_entete;
     CleDeclaration m_cle;
     Dialogue &m_dialogue;
@@ -202,5 +201,5 @@ private:
 
 bool CtrlDas(Base &base, Dialogue &dialogue)
 {
-    return Passe(base.Cnx, base.RsEnteteDas.courant(), dialogue).derouler();
+    return Passe(base, base.RsEnteteDas.courant(), dialogue).derouler();
 }

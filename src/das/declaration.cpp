@@ -22,3 +22,10 @@ Condition lignesDe(const GenreDeclaration &genre, const CleDeclaration &cle)
                                                         genre.ligne.type),
             {cle.employeur, cle.periode, cle.type}};
 }
+
+QString lignesEtSalaries(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle)
+{
+    return u" FROM [%1] AS l INNER JOIN salarie AS s ON s.num_salarie = l.[%2] AND s.cpt_z = l.cpt_z "
+           "WHERE l.rowid IN (SELECT rowid FROM [%1] WHERE %3) ORDER BY l.rowid"_s.arg(
+               (base.*genre.lignes).table(), genre.ligne.salarie, lignesDe(genre, cle).sql);
+}

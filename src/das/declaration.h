@@ -72,3 +72,8 @@ int rangEntete(Base &base, const GenreDeclaration &genre, const CleDeclaration &
 
 /// The lines of a declaration.
 Condition lignesDe(const GenreDeclaration &genre, const CleDeclaration &cle);
+
+/// A query's part from FROM on: the lines of a declaration (l) with their employees (s), in the order of
+/// entry; lines whose employee is gone are left out. Its values are those of lignesDe(). The lines are chosen
+/// by their rowids, which come in order: sorting whole rows would go through the disk for a big declaration.
+QString lignesEtSalaries(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle);

@@ -93,11 +93,9 @@ void EcrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
                                 QString::number(entete.entier(u"total_salarie")) + u';';
     EcrireLigne(fichier, ligneEntete);
 
-    Requete rangees = base.Cnx.lire(
-        u"SELECT %1 FROM ligne_das AS l INNER JOIN salarie AS s ON s.num_salarie = l.num_salarie AND "
-        "s.cpt_z = l.cpt_z WHERE l.num_emp = ? AND l.annee = ? AND l.type_das = ? ORDER BY l.rowid"_s.arg(
-            colonnesExport(champs)),
-        {cle.employeur, cle.periode, cle.type});
+    Requete rangees =
+        base.Cnx.lire(u"SELECT "_s + colonnesExport(champs) + lignesEtSalaries(base, genreDas(), cle),
+                      lignesDe(genreDas(), cle).valeurs);
     EcrireLignes(fichier, rangees, champs);
 }
 

@@ -63,11 +63,21 @@ QString exporterAuChoix(const ExportDeclaration &declaration, Dialogue &dialogue
     }
 }
 
-void exiger(const Enregistrement &rangee, int colonne)
+QString texteRequis(const Enregistrement &rangee, int colonne)
 {
-    if (rangee.estNul(colonne))
+    const QVariant valeur = rangee.valeur(colonne);
+    if (valeur.isNull())
         throw ErreurConversion(u"une valeur obligatoire manque."_s);
+    return valeur.toString();
 }
+
+void ecrireOctets(QIODevice &fichier, const QByteArray &octets)
+{
+    if (fichier.write(octets) != octets.size())
+        throw ErreurFichier(u"Le fichier ne peut pas être écrit.\n%1"_s.arg(fichier.errorString()));
+}
+
+constexpr QStringView finDeLigne = u"\r\n";
 
 } // namespace
 
@@ -107,35 +117,31 @@ void EcrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExp
             }
             ligne += u';';
         }
-        EcrireLigne(fichier, ligne);
+        ligne += finDeLigne;
+        ecrireOctets(fichier, encoder(ligne));
     }
 }
 
 void EcrireLigne(QIODevice &fichier, QStringView ligne)
 {
-    QByteArray octets = encoder(ligne);
-    octets += "\r\n";
-    if (fichier.write(octets) != octets.size())
-        throw ErreurFichier(u"Le fichier ne peut pas être écrit.\n%1"_s.arg(fichier.errorString()));
+    ecrireOctets(fichier, encoder(ligne) + encoder(finDeLigne));
 }
 
 namespace ecriture {
 
 void telQuel(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
 {
-    exiger(rangee, colonne);
-    ligne += rangee.texte(colonne);
+    ligne += texteRequis(rangee, colonne);
 }
 
 void coupe(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
 {
-    exiger(rangee, colonne);
-    ligne += Trim(rangee.texte(colonne));
+    ligne += Trim(texteRequis(rangee, colonne));
 }
 
 void jour(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
 {
-    exiger(rangee, colonne);
+    texteRequis(rangee, colonne);
     ligne += TexteDate(rangee.date(colonne));
 }
 

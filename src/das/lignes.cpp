@@ -13,6 +13,12 @@ LignesDeclaration::LignesDeclaration(Base &base, const GenreDeclaration &genre, 
     montrerToutes();
 }
 
+void LignesDeclaration::passerA(const CleDeclaration &cle)
+{
+    m_cle = cle;
+    montrerToutes();
+}
+
 void LignesDeclaration::montrerToutes()
 {
     liste().ouvrir(lignesDe(m_genre, m_cle));

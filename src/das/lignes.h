@@ -17,6 +17,8 @@ public:
     Base &base() const { return m_base; }
     Recordset &liste() const { return m_base.*m_genre.lignes; }
 
+    /// Turns to another declaration, all lines shown.
+    void passerA(const CleDeclaration &cle);
     void montrerToutes();
     /// Shows the lines of the employees whose number begins with the text.
     void chercher(QStringView debut);

@@ -5,8 +5,11 @@
 #include "lignedas.h"
 #include "lignes.h"
 
+#include <QProcess>
 #include <QTest>
+#include <QThread>
 
+#include <cstdio>
 #include <functional>
 #include <limits>
 
@@ -54,6 +57,40 @@ struct CasLigne
     QString refus;
     int focus = pasDeRefus;
 };
+
+/// Says yes to everything.
+class Consentant : public Dialogue
+{
+public:
+    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
+
+protected:
+    bool montrer(const Boite &) override { return true; }
+};
+
+constexpr int lignesAvantLaMort = 2000;
+
+/// Adds lines until it is killed, and tells of every one that is saved.
+int ajouterSansFin(const QString &chemin)
+{
+    Base base;
+    ouvrirPourSalaries(base, chemin);
+    base.RsEnteteDas.ouvrir();
+    LignesDeclaration lignes(base, genreDas(), cleEntete(genreDas(), base.RsEnteteDas.courant()));
+    Consentant dialogue;
+    for (int i = 1; i <= lignesAvantLaMort; ++i) {
+        FicheLigneDas fiche = ficheLigne();
+        fiche.num_saledit = u"0000000000"_s;
+        fiche.mskcle = u"00"_s;
+        fiche.cpt_z = i;
+        if (AjouterLigneDas(lignes, fiche, dialogue))
+            return 1;
+        std::fputc('.', stdout);
+        std::fflush(stdout);
+    }
+    return 0;
+}
 
 } // namespace
 
@@ -572,6 +609,38 @@ private slots:
         QVERIFY(!essai.base.Cnx.enTransaction());
     }
 
+    /// Whenever the program dies, the lines that were saved are there, and the header tells of just these.
+    void tuePendantUnAjout()
+    {
+        BaseDas essai;
+        essai.base.Cnx.executer(
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+            "INSERT INTO salarie (Num_Salarie, cpt_z) SELECT '000000000000', i FROM n"_s,
+            {lignesAvantLaMort});
+        essai.entete();
+        for (int coup = 0; coup < 12; ++coup) {
+            essai.base.Cnx.executer(u"DELETE FROM ligne_das"_s);
+            QProcess enfant;
+            enfant.start(QCoreApplication::applicationFilePath(), {u"--enfant"_s, essai.chemin()});
+            QVERIFY(enfant.waitForReadyRead());
+            QThread::usleep(static_cast<unsigned long>(coup) * 3'700);
+            enfant.kill();
+            QVERIFY(enfant.waitForFinished());
+            QCOMPARE(enfant.exitStatus(), QProcess::CrashExit);
+            const qint64 sauvees = enfant.readAllStandardOutput().size();
+
+            Connexion apres;
+            apres.ouvrir(essai.chemin());
+            QCOMPARE(apres.premiere(u"PRAGMA integrity_check"_s).texte(0), u"ok"_s);
+            const Enregistrement lignes =
+                apres.premiere(u"SELECT count(*), ifnull(sum(sal_annuel), 0) FROM ligne_das"_s);
+            const Enregistrement entete = apres.premiere(u"SELECT total_calc, sum_calc FROM entete_das"_s);
+            QVERIFY(lignes.entier(0) == sauvees || lignes.entier(0) == sauvees + 1);
+            QCOMPARE(entete.entier(0), lignes.entier(0));
+            QCOMPARE(entete.entier(1), lignes.entier(1));
+        }
+    }
+
     void champsQuittes()
     {
         DialogueScenario dialogue;
@@ -598,5 +667,14 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDas)
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments[1] == u"--enfant")
+        return ajouterSansFin(arguments[2]);
+    TestDas test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "test_das.moc"

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "frmvalidateur.h"
+#include "rapprochement.h"
+
+class QLineEdit;
 
 namespace Ui {
 class FrmDasValide;
@@ -15,6 +18,17 @@ public:
     explicit FrmDasValide(Contexte &contexte);
     ~FrmDasValide() override;
 
+protected:
+    void avantExtraction() override { ViderDacs(); }
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
 private:
+    SaisieDacs saisie() const;
+    void SommeDacs();
+    void ViderDacs();
+    void quitter(QLineEdit &boite);
+    void verifier();
+
+    std::array<QLineEdit *, SaisieDacs::Nombre> m_boites{};
     std::unique_ptr<Ui::FrmDasValide> m_ui;
 };

@@ -130,6 +130,7 @@ bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
 void FrmValidateur::extraire()
 {
     m_validateur->vider();
+    avantExtraction();
     actualiser();
     const QString chemin = m_contexte.dialogue.choisirFichier(
         u"Sélectionner le fichier à valider"_s, u"Fichiers texte (*.txt *.TXT);;Tous les fichiers (*)"_s);

@@ -32,7 +32,12 @@ protected:
     /// To be called once the controls are there.
     void relier();
 
+    /// The start of every extraction, behind the emptying of lists and labels.
+    virtual void avantExtraction() {}
+
     bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+    Contexte &m_contexte;
 
 private:
     void relierListe(const QString &nom, const ListesErreurs &listes);
@@ -41,7 +46,6 @@ private:
     void actualiser();
     void imprimer(const ListesErreurs &listes);
 
-    Contexte &m_contexte;
     std::unique_ptr<Validateur> m_validateur;
     QList<ModeleErreurs *> m_modeles;
     QTabWidget *m_onglets = nullptr;

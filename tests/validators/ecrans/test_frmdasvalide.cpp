@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
@@ -101,8 +102,47 @@ private slots:
     {
         QCOMPARE(m_ecran->windowTitle(), u"Validation Déclaration Annuelle des Salaires (D.A.S)"_s);
         QVERIFY(!trouver<QTabWidget>(u"SSTab1"_s)->isEnabled());
-        QVERIFY(!trouver<QTabWidget>(u"SSTab1"_s)->isTabEnabled(2));
         QCOMPARE(texte(u"LabDAS"_s) + texte(u"LabDAS2"_s), QString());
+    }
+
+    /// The amounts of the monthly declarations against the total that was just read.
+    void confrontation()
+    {
+        const QString chemin =
+            ecrire(u"11000028_das_2021.txt"_s,
+                   {u"DAS KORVANDEL VER 3.0"_s, u"11000028;2021;1;1000.5;1;"_s, bonneLigne});
+        m_ecran->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_ecran.get()));
+        extraire(chemin, 0, 0);
+        trouver<QTabWidget>(u"SSTab1"_s)->setCurrentIndex(2);
+        QCOMPARE(texte(u"LabT3"_s) + u' ' + texte(u"Lab01"_s), u"2020-T3 2021-01"_s);
+
+        auto *premiere = trouver<QLineEdit>(u"Txt07"_s);
+        premiere->setFocus();
+        QTest::keyClicks(premiere, u"1 000.40"_s);
+        QTest::keyClick(premiere, Qt::Key_Tab);
+        QCOMPARE(premiere->text(), u"1000.4"_s);
+        QVERIFY(trouver<QLineEdit>(u"Txt08"_s)->hasFocus());
+        QCOMPARE(texte(u"LabSommeDAC"_s), u"1000.4"_s);
+        m_dialogue.attendreAvertissement(u"Veuillez Saisir un Montant Correct S.V.P!!!"_s, u"DAS"_s);
+        QTest::keyClicks(trouver<QLineEdit>(u"Txt08"_s), u"-1"_s);
+        QTest::keyClick(trouver<QLineEdit>(u"Txt08"_s), Qt::Key_Return);
+        QVERIFY(trouver<QLineEdit>(u"Txt08"_s)->hasFocus());
+        QCOMPARE(trouver<QLineEdit>(u"Txt08"_s)->text(), QString());
+
+        m_dialogue.attendreAvertissement(u"Montant DAS Annuelle Supérieur du Total DACs"_s, u"DAS"_s);
+        QTest::mouseClick(trouver<QPushButton>(u"CmdVerifier"_s), Qt::LeftButton);
+        QCOMPARE(texte(u"LabDAS3"_s), u"Montant DAS Annuelle Supérieur au Total DACs\nDe :  0.1"_s);
+
+        auto *trimestre = trouver<QLineEdit>(u"TxtT2"_s);
+        trimestre->setFocus();
+        QTest::keyClicks(trimestre, u"0.1"_s);
+        m_dialogue.attendreInformation(u"Montant DAS Annuelle Egal au Total DACs"_s, u"DAS"_s);
+        QTest::mouseClick(trouver<QPushButton>(u"CmdVerifier"_s), Qt::LeftButton);
+        QVERIFY(m_dialogue.acheve());
+
+        extraire(chemin, 0, 0);
+        QCOMPARE(premiere->text() + trimestre->text() + texte(u"LabSommeDAC"_s), QString());
     }
 
     void listesEtLibelles()
