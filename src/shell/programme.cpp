@@ -6,6 +6,7 @@
 #include "dernierrecours.h"
 #include "dialogueqt.h"
 #include "fenetrescampagnes.h"
+#include "fenetresdas.h"
 #include "fenetresemployeurs.h"
 #include "fenetresnationalites.h"
 #include "fenetresoutils.h"
@@ -31,6 +32,7 @@ int lancerProgramme(int argc, char **argv, const std::function<void(Base &)> &pr
     ajouterFenetresSalaries(fenetres);
     ajouterFenetresNationalites(fenetres);
     ajouterFenetresEmployeurs(fenetres);
+    ajouterFenetresDas(fenetres);
     ajouterFenetresValidateurs(fenetres);
     ajouterFenetresOutils(fenetres);
 
