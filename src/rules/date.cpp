@@ -60,6 +60,20 @@ QDate LireDate(QStringView texte)
     throw ErreurConversion(u"« %1 » n'est pas une date (jj/mm/aaaa)."_s.arg(texte));
 }
 
-QString TexteDate(QDate date) { return date.toString(u"dd/MM/yyyy"_s); }
+QString TexteDate(QDate date)
+{
+    if (!date.isValid())
+        return {};
+    // By hand: Qt's formats are slow, and an export writes a date a line.
+    QString texte = u"00/00/0000"_s;
+    const auto poser = [&](qsizetype fin, int nombre) {
+        for (; nombre > 0; nombre /= 10)
+            texte[--fin] = QChar(u'0' + nombre % 10);
+    };
+    poser(2, date.day());
+    poser(5, date.month());
+    poser(10, date.year());
+    return texte;
+}
 
 QDate Aujourdhui() { return QDate::currentDate(); }

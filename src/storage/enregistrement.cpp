@@ -55,7 +55,17 @@ int Col::rang(const QStringList &noms) const
 
 QDate jourStocke(const QVariant &valeur)
 {
-    return QDate::fromString(valeur.toString().left(10), Qt::ISODate);
+    const QString texte = valeur.toString();
+    const QStringView jour = QStringView(texte).left(10);
+    if (jour.size() < 10 || jour[4] != u'-' || jour[7] != u'-')
+        return {};
+    const auto nombre = [](QStringView chiffres) {
+        int somme = 0;
+        for (const QChar c : chiffres)
+            somme = estChiffre(c) && somme >= 0 ? somme * 10 + (c.unicode() - u'0') : -1;
+        return somme;
+    };
+    return QDate(nombre(jour.first(4)), nombre(jour.sliced(5, 2)), nombre(jour.sliced(8, 2)));
 }
 
 Enregistrement::Enregistrement(std::shared_ptr<const QStringList> noms, QVariantList valeurs)
