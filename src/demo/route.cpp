@@ -165,7 +165,6 @@ public:
     {
         m_principale.resize(1280, 800);
         activer(m_principale);
-        montrer(m_principale);
         campagne();
         employeur();
         nationalites();
@@ -328,6 +327,7 @@ private:
         activer(m_principale);
         cliquer(entetes, u"chkChemin"_s);
         montrer(entetes);
+        montrer(m_principale);
         m_parcours.fichier = dossierExpor() + u'/' + Employeur + u"_DAS_"_s + Campagne + u".txt"_s;
         cliquer(entetes, u"cmdexpor"_s);
         cliquer(entetes, u"Command1"_s);
@@ -371,9 +371,9 @@ private:
         QWidget &ecran = ouvrir({u"woutil"_s, u"wvalidate"_s}, u"FrmDasValide"_s);
         cliquer(ecran, u"CmdExtFichier"_s);
         montrer(ecran);
-
-        QTabBar *onglets = champ<QTabWidget>(ecran, u"SSTab1"_s)->tabBar();
-        QTest::mouseClick(onglets, Qt::LeftButton, {}, onglets->tabRect(2).center());
+        choisirOnglet(ecran, 1);
+        montrer(ecran);
+        choisirOnglet(ecran, 2);
         Currency reste = m_total;
         for (const QString &trimestre : {u"TxtT3"_s, u"TxtT4"_s, u"TxtT1"_s}) {
             remplir(ecran, trimestre, QString::number(SalairesDUnTrimestre));
@@ -383,6 +383,12 @@ private:
         cliquer(ecran, u"CmdVerifier"_s);
         montrer(ecran);
         cliquer(ecran, u"cmdexit"_s);
+    }
+
+    static void choisirOnglet(const QWidget &ecran, int rang)
+    {
+        QTabBar *onglets = champ<QTabWidget>(ecran, u"SSTab1"_s)->tabBar();
+        QTest::mouseClick(onglets, Qt::LeftButton, {}, onglets->tabRect(rang).center());
     }
 
     QMainWindow &m_principale;

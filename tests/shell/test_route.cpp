@@ -13,13 +13,6 @@ class TestRoute : public QObject
 {
     Q_OBJECT
 
-    static QStringList ecransParcourus()
-    {
-        return {u"MDIForm"_s,     u"frmannee"_s,     u"add_emp"_s,         u"Frm_imp"_s,       u"FrmImpNat"_s,
-                u"frm_add_sal"_s, u"frmsalarie"_s,   u"frm_ins_num_sal"_s, u"frm_add_lndas"_s, u"frmlndas"_s,
-                u"frmentdas"_s,   u"FrmDasValide"_s, u"FrmDasValide"_s};
-    }
-
 private slots:
     void declarationAnnuelle()
     {
@@ -46,7 +39,9 @@ private slots:
             u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
             u"Montant DAS Annuelle Egal au Total DACs"_s};
         QCOMPARE(parcours.boites.last(fin.size()), fin);
-        QCOMPARE(ecrans, ecransParcourus());
+        QCOMPARE(ecrans,
+                 u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
+                 "frmlndas frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s.split(u' '));
     }
 };
 
