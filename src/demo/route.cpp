@@ -71,7 +71,7 @@ void remplir(const QWidget &ecran, const QString &nom, const QString &touches)
 {
     champ(ecran, nom)->setFocus(Qt::TabFocusReason);
     attendreFocus(nom);
-    // Letters that follow each other fast are one search in a list: here begins a new one.
+    // Letters that follow each other within an interval are one search in a list: here begins a new one.
     if (const auto *liste = ecran.findChild<QComboBox *>(nom))
         liste->view()->keyboardSearch({});
     taper(touches);
@@ -163,6 +163,7 @@ public:
 
     void parcourir()
     {
+        QApplication::setKeyboardInputInterval(60'000); // on a slow machine a search is one all the same
         m_principale.resize(1280, 800);
         activer(m_principale);
         campagne();
