@@ -155,12 +155,16 @@ QString Recordset::ordre() const
 Recordset::Rowids Recordset::lireRowids() const
 {
     const QString condition = m_condition.sql.isEmpty() ? QString() : u" WHERE (%1)"_s.arg(m_condition.sql);
+    // In the order of entry the engine would sort what an index has found: numbers are sorted faster here.
+    const QString tri = m_tri.isEmpty() ? QString() : u" ORDER BY "_s + ordre();
     Rowids rowids;
     rowids.reserve(m_rowids.size() + 1);
-    Requete requete = m_cnx.lire(u"SELECT rowid FROM [%1]%2 ORDER BY %3"_s.arg(m_table, condition, ordre()),
-                                 m_condition.valeurs);
+    Requete requete =
+        m_cnx.lire(u"SELECT rowid FROM [%1]%2%3"_s.arg(m_table, condition, tri), m_condition.valeurs);
     while (requete.suivante())
         rowids.push_back(requete.valeur(0).toLongLong());
+    if (m_tri.isEmpty())
+        std::sort(rowids.begin(), rowids.end());
     return rowids;
 }
 
