@@ -1,0 +1,423 @@
+#include "route.h"
+
+#include "identite.h"
+#include "lieux.h"
+#include "nombre.h"
+#include "personnel.h"
+#include "programme.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Employeur = u"20045017"_s;
+const QString Campagne = u"2024"_s;
+/// What is keyed for each of the first three quarters of the campaign; the last one gets the rest.
+constexpr qint64 SalairesDUnTrimestre = 2'000'000;
+
+QString texte(const char16_t *chaine) { return QString::fromUtf16(chaine); }
+
+QString deuxDecimales(Currency montant) { return FormatMasque(montant, u"########0.00"); }
+
+template <typename T = QWidget>
+T *champ(const QWidget &ecran, const QString &nom)
+{
+    T *trouve = ecran.findChild<T *>(nom);
+    if (!trouve)
+        qFatal("%s: no control %s", qPrintable(ecran.objectName()), qPrintable(nom));
+    return trouve;
+}
+
+QString focus()
+{
+    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : u"nothing"_s;
+}
+
+void attendreFocus(const QString &nom)
+{
+    if (!QTest::qWaitFor([&] { return focus() == nom; }))
+        qFatal("%s has the focus and not %s", qPrintable(focus()), qPrintable(nom));
+}
+
+/// Key by key. QTest::keyClicks() knows no small letter with an accent.
+void taper(const QString &touches)
+{
+    for (const QChar c : touches) {
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key(c.toUpper().unicode()),
+                            QString(c), Qt::NoModifier);
+    }
+}
+
+void touche(Qt::Key touche) { QTest::keyClick(QApplication::focusWidget(), touche); }
+
+/// Goes to a field as the tabulator does, and types.
+void remplir(const QWidget &ecran, const QString &nom, const QString &touches)
+{
+    champ(ecran, nom)->setFocus(Qt::TabFocusReason);
+    attendreFocus(nom);
+    // Letters that follow each other within an interval are one search in a list: here begins a new one.
+    if (const auto *liste = ecran.findChild<QComboBox *>(nom))
+        liste->view()->keyboardSearch({});
+    taper(touches);
+}
+
+void cliquer(const QWidget &ecran, const QString &nom)
+{
+    auto *bouton = champ(ecran, nom);
+    if (!bouton->isEnabled())
+        qFatal("%s: %s is greyed", qPrintable(ecran.objectName()), qPrintable(nom));
+    QTest::mouseClick(bouton, Qt::LeftButton, {}, {10, bouton->height() / 2}); // a check box is narrow
+}
+
+/// Makes the window the one that gets the keys; a window system does that when it is shown.
+void activer(QWidget &fenetre)
+{
+    fenetre.activateWindow();
+    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == &fenetre; }))
+        qFatal("the window %s is not active", qPrintable(fenetre.objectName()));
+}
+
+/// Runs in the window that the next action opens modally, and leaves it closed.
+void dansLaFenetre(const QString &nom, const std::function<void(QWidget &)> &action)
+{
+    QTimer::singleShot(0, qApp, [nom, action] {
+        QWidget *fenetre = QApplication::activeModalWidget();
+        if (!fenetre || fenetre->objectName() != nom)
+            qFatal("the window %s has not opened", qPrintable(nom));
+        activer(*fenetre);
+        action(*fenetre);
+        if (fenetre->isVisible())
+            fenetre->close();
+    });
+}
+
+/// The hand that answers the boxes: OK or Oui to each, and the one file to each file dialog.
+class Repondeur : public QObject
+{
+public:
+    explicit Repondeur(Parcours &parcours) : m_parcours(parcours) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *objet, QEvent *evenement) override
+    {
+        if (evenement->type() == QEvent::Show) {
+            if (auto *boite = qobject_cast<QMessageBox *>(objet))
+                QTimer::singleShot(0, boite, [this, boite] { repondre(*boite); });
+            else if (auto *choix = qobject_cast<QFileDialog *>(objet))
+                QTimer::singleShot(0, choix, [this, choix] { choisir(*choix); });
+        }
+        return QObject::eventFilter(objet, evenement);
+    }
+
+private:
+    void repondre(QMessageBox &boite)
+    {
+        if (boite.icon() == QMessageBox::Warning || boite.icon() == QMessageBox::Critical)
+            qFatal("refused: %s", qPrintable(boite.text()));
+        m_parcours.boites += boite.text();
+        QAbstractButton *oui = boite.button(QMessageBox::Yes);
+        repondre(boite, *(oui ? oui : boite.button(QMessageBox::Ok)));
+    }
+
+    void choisir(QFileDialog &choix)
+    {
+        champ<QLineEdit>(choix, u"fileNameEdit"_s)->setText(m_parcours.fichier);
+        const auto *boutons = champ<QDialogButtonBox>(choix, u"buttonBox"_s);
+        repondre(choix, *boutons->button(QDialogButtonBox::Open));
+    }
+
+    /// The window behind gets the keys again; a window system does that of itself.
+    static void repondre(const QDialog &boite, QAbstractButton &bouton)
+    {
+        QTest::mouseClick(&bouton, Qt::LeftButton);
+        if (QWidget *derriere = boite.parentWidget())
+            derriere->activateWindow();
+    }
+
+    Parcours &m_parcours;
+};
+
+/// The clerk, from the main window on.
+class Route
+{
+public:
+    Route(QMainWindow &principale, Parcours &parcours, const MontrerEcran &montrer)
+        : m_principale(principale), m_parcours(parcours), m_montrer(montrer)
+    {
+    }
+
+    void parcourir()
+    {
+        QApplication::setKeyboardInputInterval(60'000); // on a slow machine a search is one all the same
+        m_principale.resize(1280, 800);
+        activer(m_principale);
+        campagne();
+        employeur();
+        nationalites();
+        salaries();
+        declaration();
+        validation();
+        ouvrirMenu({u"wFich"_s, u"wquit"_s});
+    }
+
+private:
+    void montrer(QWidget &ecran)
+    {
+        QTest::qWait(0); // what is still to be laid out
+        if (m_montrer)
+            m_montrer(ecran);
+    }
+
+    /// Clicks through the menus down to an entry.
+    void ouvrirMenu(const QStringList &noms)
+    {
+        activer(m_principale);
+        auto *menu = champ<QMenu>(m_principale, noms.first());
+        QMenuBar *barre = m_principale.menuBar();
+        QTest::mouseClick(barre, Qt::LeftButton, {}, barre->actionGeometry(menu->menuAction()).center());
+        for (const QString &nom : noms.sliced(1)) {
+            if (!QTest::qWaitFor([&] { return menu->isVisible(); }))
+                qFatal("the menu %s has not opened", qPrintable(menu->objectName()));
+            auto *action = champ<QAction>(m_principale, nom);
+            auto *dessous = m_principale.findChild<QMenu *>(nom);
+            if (dessous)
+                action = dessous->menuAction();
+            if (!action->isEnabled())
+                qFatal("the entry %s is greyed", qPrintable(nom));
+            QMenu *dessus = std::exchange(menu, dessous);
+            QTest::mouseClick(dessus, Qt::LeftButton, {}, dessus->actionGeometry(action).center());
+        }
+    }
+
+    QWidget &ouvrir(const QStringList &menu, const QString &nom)
+    {
+        ouvrirMenu(menu);
+        auto *ecran = champ(m_principale, nom);
+        if (!QTest::qWaitFor([&] { return ecran->isVisible(); }))
+            qFatal("the window %s has not opened", qPrintable(nom));
+        return *ecran;
+    }
+
+    void campagne()
+    {
+        QWidget &ecran = ouvrir({u"wFich"_s, u"wannee"_s}, u"frmannee"_s);
+        remplir(ecran, u"cmbannee"_s, Campagne);
+        touche(Qt::Key_Return);
+        montrer(ecran);
+        cliquer(ecran, u"Command1"_s);
+    }
+
+    void employeur()
+    {
+        QWidget &table = ouvrir({u"wFich"_s, u"wImp"_s}, u"Frm_imp"_s);
+        dansLaFenetre(u"add_emp"_s, [&](QWidget &saisie) {
+            remplir(saisie, u"num_empmask"_s, Employeur);
+            remplir(saisie, u"clemask"_s, CleSS(Employeur));
+            remplir(saisie, u"Rais_SocEdit"_s, u"SARL BÂTIR & FILS"_s);
+            remplir(saisie, u"AdresseEdit"_s, u"14, rue de l'Indépendance, Alger"_s);
+            remplir(saisie, u"telEdit"_s, u"0021445566"_s);
+            remplir(saisie, u"mailEdit"_s, u"paie@batir.dz"_s);
+            montrer(saisie);
+            cliquer(saisie, u"Command1"_s);
+        });
+        cliquer(table, u"ajouterBtn"_s);
+        montrer(table);
+        cliquer(table, u"cmdclose"_s);
+    }
+
+    void nationalites()
+    {
+        QWidget &ecran = ouvrir({u"wFich"_s, u"wimport"_s, u"wImpTabNat"_s}, u"FrmImpNat"_s);
+        cliquer(ecran, u"CmdImport"_s);
+        montrer(ecran);
+        cliquer(ecran, u"Command1"_s);
+    }
+
+    void salaries()
+    {
+        QWidget &table = ouvrir({u"wFich"_s, u"wsal"_s}, u"frmsalarie"_s);
+        dansLaFenetre(u"frm_add_sal"_s, [&](QWidget &saisie) {
+            for (const Personne &personne : Personnel) {
+                salarie(saisie, personne);
+                if (&personne == Personnel)
+                    montrer(saisie);
+                cliquer(saisie, u"cmdok"_s);
+            }
+        });
+        cliquer(table, u"cmdajt"_s);
+        montrer(table);
+        cliquer(table, u"cmdclose"_s);
+    }
+
+    static void salarie(QWidget &saisie, const Personne &personne)
+    {
+        const QString numero = texte(personne.numero);
+        if (numero.isEmpty()) {
+            cliquer(saisie, u"blancCheck"_s);
+        } else {
+            remplir(saisie, u"num_salmask"_s, numero.left(10));
+            remplir(saisie, u"clemask"_s, numero.mid(10));
+        }
+        const auto saisir = [&](std::initializer_list<std::pair<QString, const char16_t *>> champs) {
+            for (const auto &[nom, valeur] : champs)
+                remplir(saisie, nom, texte(valeur));
+        };
+        saisir({{u"nomedit"_s, personne.nom},
+                {u"prenomedit"_s, personne.prenom},
+                {u"CmbSexe"_s, personne.sexe},
+                {u"mskdate"_s, personne.naissance},
+                {u"sfedit"_s, personne.situation}});
+        if (texte(personne.nationalite).isEmpty()) {
+            saisir({{u"CmbWilaya"_s, personne.wilaya},
+                    {u"CmbCommune"_s, personne.commune},
+                    {u"MskNumActeNaiss"_s, personne.acte},
+                    {u"MskNin"_s, personne.nin}});
+        } else {
+            cliquer(saisie, u"etrangerCheck"_s);
+            saisir({{u"CmbNationalite"_s, personne.nationalite}});
+        }
+        saisir({{u"PrenomPere"_s, personne.prenomPere},
+                {u"NomMere"_s, personne.nomMere},
+                {u"PrenomMere"_s, personne.prenomMere},
+                {u"profesedit"_s, personne.profession},
+                {u"adredit"_s, personne.adresse},
+                {u"villeEdit"_s, personne.ville},
+                {u"c_postalEdit"_s, personne.codePostal},
+                {u"MskNTel"_s, personne.telephone},
+                {u"num_cpt_ccpedit"_s, personne.ccp}});
+    }
+
+    void declaration()
+    {
+        QWidget &entetes = ouvrir({u"wDecl"_s, u"das"_s, u"wdas"_s}, u"frmentdas"_s);
+        for (const Personne &personne : Personnel)
+            m_total += Currency::deTexte(texte(personne.salaire));
+        remplir(entetes, u"cmbannee"_s, Campagne);
+        remplir(entetes, u"cmbemp"_s, Employeur);
+        remplir(entetes, u"sumedit"_s, deuxDecimales(m_total));
+        touche(Qt::Key_Return);
+        taper(QString::number(std::size(Personnel)));
+        touche(Qt::Key_Return);
+
+        cliquer(entetes, u"cmddetail"_s);
+        auto *lignes = champ(entetes, u"frmlndas"_s);
+        activer(*lignes);
+        dansLaFenetre(u"frm_add_lndas"_s, [&](QWidget &saisie) {
+            for (const Personne &personne : Personnel)
+                ligne(saisie, personne);
+        });
+        cliquer(*lignes, u"cmdajt"_s);
+        montrer(*lignes);
+        cliquer(*lignes, u"cmdclose"_s);
+
+        activer(m_principale);
+        cliquer(entetes, u"chkChemin"_s);
+        montrer(entetes);
+        montrer(m_principale);
+        m_parcours.fichier = dossierExpor() + u'/' + Employeur + u"_DAS_"_s + Campagne + u".txt"_s;
+        cliquer(entetes, u"cmdexpor"_s);
+        cliquer(entetes, u"Command1"_s);
+    }
+
+    void ligne(QWidget &saisie, const Personne &personne)
+    {
+        const QString numero = texte(personne.numero);
+        if (numero.isEmpty()) {
+            // Who has no number is picked from the list, where he stands last.
+            dansLaFenetre(u"frm_ins_num_sal"_s, [&](QWidget &liste) {
+                QTest::keyClick(champ(liste, u"DataGrid1"_s), Qt::Key_End, Qt::ControlModifier);
+                montrer(liste);
+                cliquer(liste, u"cmdok"_s);
+            });
+            cliquer(saisie, u"cmdins"_s);
+            activer(saisie);
+            champ(saisie, u"sal_annueledit"_s)->setFocus(Qt::TabFocusReason);
+        } else {
+            taper(numero.left(10));
+            touche(Qt::Key_Return);
+            taper(numero.mid(10));
+            touche(Qt::Key_Return);
+        }
+        attendreFocus(u"sal_annueledit"_s);
+        taper(texte(personne.salaire));
+        touche(Qt::Key_Return);
+        taper(texte(personne.duree));
+        touche(Qt::Key_Return);
+        attendreFocus(u"mskdate"_s);
+        taper(texte(personne.mouvement));
+        cliquer(saisie, texte(personne.sens) == u"E" ? u"EOption"_s : u"SOption"_s);
+        if (numero.isEmpty())
+            montrer(saisie);
+        cliquer(saisie, u"cmdok"_s);
+        attendreFocus(u"num_saledit"_s);
+    }
+
+    void validation()
+    {
+        QWidget &ecran = ouvrir({u"woutil"_s, u"wvalidate"_s}, u"FrmDasValide"_s);
+        cliquer(ecran, u"CmdExtFichier"_s);
+        montrer(ecran);
+        choisirOnglet(ecran, 1);
+        montrer(ecran);
+        choisirOnglet(ecran, 2);
+        Currency reste = m_total;
+        for (const QString &trimestre : {u"TxtT3"_s, u"TxtT4"_s, u"TxtT1"_s}) {
+            remplir(ecran, trimestre, QString::number(SalairesDUnTrimestre));
+            reste -= Currency::deEntier(SalairesDUnTrimestre);
+        }
+        remplir(ecran, u"TxtT2"_s, deuxDecimales(reste));
+        cliquer(ecran, u"CmdVerifier"_s);
+        montrer(ecran);
+        cliquer(ecran, u"cmdexit"_s);
+    }
+
+    static void choisirOnglet(const QWidget &ecran, int rang)
+    {
+        QTabBar *onglets = champ<QTabWidget>(ecran, u"SSTab1"_s)->tabBar();
+        QTest::mouseClick(onglets, Qt::LeftButton, {}, onglets->tabRect(rang).center());
+    }
+
+    QMainWindow &m_principale;
+    Parcours &m_parcours;
+    const MontrerEcran &m_montrer;
+    Currency m_total;
+};
+
+QMainWindow &fenetrePrincipale()
+{
+    const auto fenetres = QApplication::topLevelWidgets();
+    for (QWidget *fenetre : fenetres) {
+        if (fenetre->objectName() == u"MDIForm")
+            return *static_cast<QMainWindow *>(fenetre);
+    }
+    qFatal("no main window");
+}
+
+} // namespace
+
+Parcours parcourirRoute(int argc, char **argv, const MontrerEcran &montrer)
+{
+    Parcours parcours;
+    const int code = lancerProgramme(argc, argv, [&](Base &) {
+        Repondeur repondeur(parcours);
+        Route(fenetrePrincipale(), parcours, montrer).parcourir();
+    });
+    if (code != 0)
+        qFatal("the program ended with code %d", code);
+    return parcours;
+}

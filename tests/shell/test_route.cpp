@@ -1,0 +1,49 @@
+#include "foyer.h"
+#include "lieux.h"
+#include "route.h"
+
+#include <QDir>
+#include <QTest>
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+
+/// The whole program from an empty home folder to the verdict on the file that it exported.
+class TestRoute : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void declarationAnnuelle()
+    {
+        Foyer foyer;
+        QStringList ecrans;
+        char nom[] = "das-korvandel";
+        char *arguments[] = {nom, nullptr};
+        const Parcours parcours =
+            parcourirRoute(1, arguments, [&](QWidget &ecran) { ecrans += ecran.objectName(); });
+
+        QCOMPARE(parcours.fichier, dossierExpor() + u"/20045017_DAS_2024.txt"_s);
+        QVERIFY(parcours.fichier.startsWith(foyer.chemin()));
+        const QByteArray attendu = lireFichier(QFINDTESTDATA("fichiers/20045017_DAS_2024.txt"));
+        QVERIFY(!attendu.isEmpty());
+        QCOMPARE(lireFichier(parcours.fichier), attendu);
+
+        // A warning would have ended the walk; these are its last four boxes.
+        const QStringList fin{
+            u"Numéro SS : 000000000000  de l'employé  ZIANE    INÈS n'est pas valide, il sera pris en charge "
+            u", "
+            "mais vous devez  vous rapprocher des services de la CNAS afin de réclamer son numéro de "
+            "sécurité social "_s,
+            u"DAS exportée avec succès vers "_s + QDir::toNativeSeparators(parcours.fichier),
+            u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
+            u"Montant DAS Annuelle Egal au Total DACs"_s};
+        QCOMPARE(parcours.boites.last(fin.size()), fin);
+        QCOMPARE(ecrans,
+                 u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
+                 "frmlndas frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s.split(u' '));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestRoute)
+#include "test_route.moc"
