@@ -35,11 +35,6 @@ void dire(const QString &libelle, const QString &chemin)
 /// The demonstration: a small employer's annual declaration through the real windows, in a folder of its own.
 int main(int argc, char **argv)
 {
-#ifdef Q_OS_WIN
-    // The program's folder is fixed there: the demonstration would write into the user's own data.
-    std::fputs("La démonstration n'est pas faite pour Windows.\n", stderr);
-    return 1;
-#endif
     QTemporaryDir foyer(QDir::tempPath() + u"/das-korvandel-demo-XXXXXX"_s);
     foyer.setAutoRemove(false);
     const QString ecrans = foyer.filePath(u"ecrans"_s);
