@@ -28,6 +28,13 @@ FrmDasValide::FrmDasValide(Contexte &contexte)
 
 FrmDasValide::~FrmDasValide() = default;
 
+/// The amounts keyed and the verdict on them were those of the file before.
+void FrmDasValide::avantExtraction()
+{
+    ViderDacs();
+    m_ui->LabDAS3->clear();
+}
+
 bool FrmDasValide::eventFilter(QObject *objet, QEvent *evenement)
 {
     // However an amount gets the focus, the next key replaces it. A click places the cursor behind this

@@ -19,7 +19,7 @@ public:
     ~FrmDasValide() override;
 
 protected:
-    void avantExtraction() override { ViderDacs(); }
+    void avantExtraction() override;
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:

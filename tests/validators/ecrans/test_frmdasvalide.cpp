@@ -142,7 +142,8 @@ private slots:
         QVERIFY(m_dialogue.acheve());
 
         extraire(chemin, 0, 0);
-        QCOMPARE(premiere->text() + trimestre->text() + texte(u"LabSommeDAC"_s), QString());
+        QCOMPARE(premiere->text() + trimestre->text() + texte(u"LabSommeDAC"_s) + texte(u"LabDAS3"_s),
+                 QString());
     }
 
     void listesEtLibelles()
