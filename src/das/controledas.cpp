@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype largeurNumero = 12;
-constexpr qsizetype largeurCompte = 20;
 constexpr double tauxMinimal = 90.0;
 constexpr qint64 derniereNationalite = 246;
 constexpr qint64 nationaliteNationale = 4;
@@ -38,13 +37,6 @@ enum Colonne {
 const QString colonnes =
     u"l.num_salarie, num_cpt_ccp, num_cpt_banc, etranger, IdNat, nom, prenom, date_naiss, NumActeNaiss, "
     "type_date_es, date_es"_s;
-
-/// An account of the bank, whatever the bank: 20 digits that are not all zeros, and the key right.
-bool compteBancaireValide(QStringView compte)
-{
-    return compte.size() == largeurCompte && chiffresSeuls(compte) && compte != CompteBlanc &&
-           CleRIB(compte.sliced(3)) == u"0";
-}
 
 class Passe
 {
@@ -161,7 +153,7 @@ private:
         const QString ccp = ligne.texte(CompteCCP);
         const QString bancaire = ligne.texte(CompteBancaire);
         QStringView compteCCP = ccp;
-        if (CtrlCompteCCP(compteCCP) || compteBancaireValide(Trim(bancaire)))
+        if (CtrlCompteCCP(compteCCP) || CompteBancaireValide(Trim(bancaire)))
             ++m_nationauxAvecCompte;
         ++m_nationaux;
     }

@@ -155,6 +155,12 @@ bool CtrlRIP(QStringView compte)
     return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0;
 }
 
+bool CompteBancaireValide(QStringView compte)
+{
+    return compte.size() == 20 && chiffresSeuls(compte) && compte.count(u'0') != compte.size() &&
+           resteRIB(compte.sliced(3)) == 0;
+}
+
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue)
 {
     switch (fauteTelephone(texte)) {

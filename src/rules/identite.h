@@ -31,6 +31,10 @@ bool CtrlCompteCCP(QStringView &compte);
 /// Whether the text is a RIP of 20 characters, not zero, with the prefix "007" and a right key.
 bool CtrlRIP(QStringView compte);
 
+/// Whether the text is a bank account, whatever the bank: 20 digits, not all zeros, and a right key. Without
+/// a word.
+bool CompteBancaireValide(QStringView compte);
+
 /// Whether the text of the mask is a telephone number; tells why not.
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue);
 

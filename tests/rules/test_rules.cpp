@@ -324,6 +324,15 @@ private slots:
         QTEST(CtrlRIP(compte), "rip");
     }
 
+    void comptesBancaires()
+    {
+        QVERIFY(CompteBancaireValide(u"00112345678901234561")); // whatever the bank
+        QVERIFY(!CompteBancaireValide(u"00112345678901234562"));
+        QVERIFY(!CompteBancaireValide(u"00000000000000000000"));
+        QVERIFY(!CompteBancaireValide(u"0011234567890123456"));
+        QVERIFY(!CompteBancaireValide(u"                    "));
+    }
+
     void telephones_data()
     {
         QTest::addColumn<QString>("texte");

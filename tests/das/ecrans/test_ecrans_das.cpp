@@ -9,6 +9,7 @@
 #include "frmdasvalide.h"
 #include "frmentdas.h"
 #include "frmlndas.h"
+#include "gestes.h"
 #include "grille.h"
 #include "lieux.h"
 #include "texte.h"
@@ -37,31 +38,7 @@ public:
     void permettre(const QString &, bool) override {}
 };
 
-template <typename T = QWidget>
-T *champ(const QWidget &ecran, const QString &nom)
-{
-    T *trouve = ecran.findChild<T *>(nom);
-    if (!trouve)
-        qFatal("no control %s", qPrintable(nom));
-    return trouve;
-}
-
-QString texte(const QWidget &ecran, const QString &nom) { return champ<QLineEdit>(ecran, nom)->text(); }
 QString etiquette(const QWidget &ecran, const QString &nom) { return champ<QLabel>(ecran, nom)->text(); }
-
-QString focus()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-}
-
-void taper(const QString &touches) { QTest::keyClicks(QApplication::focusWidget(), touches); }
-void touche(Qt::Key touche) { QTest::keyClick(QApplication::focusWidget(), touche); }
-
-void cliquer(const QWidget &ecran, const QString &nom)
-{
-    auto *bouton = champ(ecran, nom);
-    QTest::mouseClick(bouton, Qt::LeftButton, {}, {10, bouton->height() / 2});
-}
 
 /// Makes the window the one that gets the keys; a window system does that when it is shown.
 bool activer(QWidget &fenetre)

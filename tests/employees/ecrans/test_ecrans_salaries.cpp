@@ -9,6 +9,7 @@
 #include "frm_mod_sal.h"
 #include "frmimpsal.h"
 #include "frmsalarie.h"
+#include "gestes.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,32 +34,6 @@ public:
     void permettre(const QString &entree, bool permis) override { permises[entree] = permis; }
     QHash<QString, bool> permises;
 };
-
-template <typename T = QWidget>
-T *champ(const QWidget &ecran, const QString &nom)
-{
-    T *trouve = ecran.findChild<T *>(nom);
-    if (!trouve)
-        qFatal("no control %s", qPrintable(nom));
-    return trouve;
-}
-
-QString texte(const QWidget &ecran, const QString &nom) { return champ<QLineEdit>(ecran, nom)->text(); }
-
-QString focus()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-}
-
-void taper(const QString &touches) { QTest::keyClicks(QApplication::focusWidget(), touches); }
-
-void touche(Qt::Key touche) { QTest::keyClick(QApplication::focusWidget(), touche); }
-
-void cliquer(const QWidget &ecran, const QString &nom)
-{
-    auto *bouton = champ(ecran, nom);
-    QTest::mouseClick(bouton, Qt::LeftButton, {}, {10, bouton->height() / 2}); // a check box is narrow
-}
 
 /// Runs in the window that the next action opens modally.
 void dansLaFenetre(const std::function<void(QWidget &)> &action)
