@@ -1,10 +1,10 @@
-#include "basedas.h"
-#include "controledas.h"
-#include "dialogue.h"
-#include "exportdas.h"
-#include "genredas.h"
-#include "lignedas.h"
-#include "lignes.h"
+#include "das/controledas.h"
+#include "das/exportdas.h"
+#include "das/genredas.h"
+#include "das/lignedas.h"
+#include "declarations/lignes.h"
+#include "rules/dialogue.h"
+#include "tests/das/basedas.h"
 
 #include <QCoreApplication>
 

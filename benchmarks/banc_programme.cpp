@@ -1,8 +1,8 @@
-#include "base.h"
-#include "demarrage.h"
-#include "dialogue.h"
-#include "lieux.h"
-#include "programme.h"
+#include "rules/dialogue.h"
+#include "shell/programme.h"
+#include "storage/base.h"
+#include "storage/demarrage.h"
+#include "storage/lieux.h"
 
 #include <benchmark/benchmark.h>
 

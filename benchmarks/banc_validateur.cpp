@@ -5,11 +5,11 @@
 //
 // DOSSIER holds what ./mesurer makes: the folders of files named in main().
 
-#include "decoupeur.h"
-#include "lecteurlignes.h"
-#include "lot.h"
-#include "texte.h"
-#include "validateurdas.h"
+#include "batch/lot.h"
+#include "rules/lecteurlignes.h"
+#include "rules/texte.h"
+#include "validators/decoupeur.h"
+#include "validators/validateurdas.h"
 
 #include <QFile>
 

@@ -1,14 +1,14 @@
-#include "controledas.h"
+#include "das/controledas.h"
 
-#include "base.h"
-#include "date.h"
-#include "declaration.h"
-#include "dialogue.h"
-#include "fichesalarie.h"
-#include "genredas.h"
-#include "identite.h"
-#include "saisie.h"
-#include "texte.h"
+#include "das/genredas.h"
+#include "declarations/declaration.h"
+#include "employees/fichesalarie.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

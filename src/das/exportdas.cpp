@@ -1,12 +1,12 @@
-#include "exportdas.h"
+#include "das/exportdas.h"
 
-#include "base.h"
-#include "controledas.h"
-#include "declaration.h"
-#include "dialogue.h"
-#include "exportdeclaration.h"
-#include "genredas.h"
-#include "texte.h"
+#include "das/controledas.h"
+#include "das/genredas.h"
+#include "declarations/declaration.h"
+#include "declarations/exportdeclaration.h"
+#include "rules/dialogue.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
-#include "genredas.h"
+#include "das/genredas.h"
 
-#include "declaration.h"
+#include "declarations/declaration.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
-#include "lignedas.h"
+#include "das/lignedas.h"
 
-#include "date.h"
-#include "dialogue.h"
-#include "fichesalarie.h"
-#include "identite.h"
-#include "lignes.h"
-#include "texte.h"
+#include "declarations/lignes.h"
+#include "employees/fichesalarie.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/texte.h"
 
 #include <array>
 #include <cmath>

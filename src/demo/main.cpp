@@ -1,6 +1,6 @@
-#include "lot.h"
-#include "rapport.h"
-#include "route.h"
+#include "batch/lot.h"
+#include "batch/rapport.h"
+#include "demo/route.h"
 
 #include <QDir>
 #include <QFile>

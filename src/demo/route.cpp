@@ -1,10 +1,10 @@
-#include "route.h"
+#include "demo/route.h"
 
-#include "identite.h"
-#include "lieux.h"
-#include "nombre.h"
-#include "personnel.h"
-#include "programme.h"
+#include "demo/personnel.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "shell/programme.h"
+#include "storage/lieux.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

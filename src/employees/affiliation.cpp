@@ -1,13 +1,13 @@
-#include "affiliation.h"
+#include "employees/affiliation.h"
 
-#include "base.h"
-#include "date.h"
-#include "dialogue.h"
-#include "identite.h"
-#include "nombre.h"
-#include "saisie.h"
-#include "salaries.h"
-#include "texte.h"
+#include "employees/salaries.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

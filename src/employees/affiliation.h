@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controleaffiliation.h"
+#include "employees/controleaffiliation.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
-#include "choixsalarie.h"
+#include "employees/choixsalarie.h"
 
-#include "enregistrement.h"
+#include "storage/enregistrement.h"
 
 ChoixSalarie choisirSalarie(const Enregistrement &ligne)
 {

@@ -1,12 +1,12 @@
-#include "controleaffiliation.h"
+#include "employees/controleaffiliation.h"
 
-#include "connexion.h"
-#include "date.h"
-#include "dialogue.h"
-#include "identite.h"
-#include "nombre.h"
-#include "saisie.h"
-#include "texte.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
+#include "storage/connexion.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "differencesaffiliation.h"
-#include "fichesalarie.h"
+#include "employees/differencesaffiliation.h"
+#include "employees/fichesalarie.h"
 
 #include <optional>
 

@@ -1,10 +1,10 @@
-#include "fichesalarie.h"
+#include "employees/fichesalarie.h"
 
-#include "connexion.h"
-#include "date.h"
-#include "dialogue.h"
-#include "saisie.h"
-#include "texte.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
+#include "storage/connexion.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
-#include "importsalaries.h"
+#include "employees/importsalaries.h"
 
-#include "base.h"
-#include "date.h"
-#include "dialogue.h"
-#include "fichesalarie.h"
-#include "lecteurlignes.h"
-#include "texte.h"
+#include "employees/fichesalarie.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/lecteurlignes.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 #include <QFile>
 

@@ -1,10 +1,10 @@
-#include "nationalites.h"
+#include "employees/nationalites.h"
 
-#include "base.h"
-#include "dialogue.h"
-#include "lecteurlignes.h"
-#include "lieux.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/lecteurlignes.h"
+#include "rules/texte.h"
+#include "storage/base.h"
+#include "storage/lieux.h"
 
 #include <QFile>
 

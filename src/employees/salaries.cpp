@@ -1,8 +1,8 @@
-#include "salaries.h"
+#include "employees/salaries.h"
 
-#include "base.h"
-#include "dialogue.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

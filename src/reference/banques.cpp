@@ -1,10 +1,10 @@
-#include "banques.h"
+#include "reference/banques.h"
 
-#include "base.h"
-#include "dialogue.h"
-#include "employeurs.h"
-#include "texte.h"
-#include "textesaisi.h"
+#include "reference/employeurs.h"
+#include "reference/textesaisi.h"
+#include "rules/dialogue.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,10 @@
-#include "campagnes.h"
+#include "reference/campagnes.h"
 
-#include "base.h"
-#include "date.h"
-#include "dialogue.h"
-#include "refusajout.h"
-#include "texte.h"
+#include "reference/refusajout.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,10 @@
-#include "employeurs.h"
+#include "reference/employeurs.h"
 
-#include "base.h"
-#include "dialogue.h"
-#include "identite.h"
-#include "texte.h"
-#include "textesaisi.h"
+#include "reference/textesaisi.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/texte.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
-#include "periodes.h"
+#include "reference/periodes.h"
 
-#include "base.h"
-#include "date.h"
-#include "dialogue.h"
-#include "refusajout.h"
+#include "reference/refusajout.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 

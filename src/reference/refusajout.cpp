@@ -1,7 +1,7 @@
-#include "refusajout.h"
+#include "reference/refusajout.h"
 
-#include "dialogue.h"
-#include "erreursql.h"
+#include "rules/dialogue.h"
+#include "storage/erreursql.h"
 
 void direRefusAjout(const QString &texte, const ErreurBase &erreur, Dialogue &dialogue)
 {

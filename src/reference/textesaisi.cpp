@@ -1,6 +1,6 @@
-#include "textesaisi.h"
+#include "reference/textesaisi.h"
 
-#include "dialogue.h"
+#include "rules/dialogue.h"
 
 using namespace Qt::StringLiterals;
 

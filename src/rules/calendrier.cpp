@@ -1,6 +1,6 @@
-#include "calendrier.h"
+#include "rules/calendrier.h"
 
-#include "date.h"
+#include "rules/date.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
-#include "date.h"
+#include "rules/date.h"
 
-#include "erreurs.h"
-#include "texte.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
 
 using namespace Qt::StringLiterals;
 

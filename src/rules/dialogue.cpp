@@ -1,4 +1,4 @@
-#include "dialogue.h"
+#include "rules/dialogue.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "erreurs.h"
+#include "rules/erreurs.h"
 
 #include <utility>
 

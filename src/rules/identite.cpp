@@ -1,8 +1,8 @@
-#include "identite.h"
+#include "rules/identite.h"
 
-#include "dialogue.h"
-#include "erreurs.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "lecteurlignes.h"
+#include "rules/lecteurlignes.h"
 
-#include "erreurs.h"
+#include "rules/erreurs.h"
 
 #include <QFile>
 #include <QFileInfo>

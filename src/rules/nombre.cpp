@@ -1,7 +1,7 @@
-#include "nombre.h"
+#include "rules/nombre.h"
 
-#include "erreurs.h"
-#include "texte.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
-#include "saisie.h"
+#include "rules/saisie.h"
 
-#include "texte.h"
+#include "rules/texte.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "texte.h"
+#include "rules/texte.h"
 
 #include <array>
 

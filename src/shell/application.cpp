@@ -1,6 +1,6 @@
-#include "application.h"
+#include "shell/application.h"
 
-#include "dernierrecours.h"
+#include "screens/dernierrecours.h"
 
 #include <QIcon>
 

@@ -1,4 +1,4 @@
-#include "entreesdemenu.h"
+#include "shell/entreesdemenu.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "fenetrefille.h"
+#include "shell/fenetrefille.h"
 
 #include <QEvent>
 

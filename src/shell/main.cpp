@@ -1,3 +1,3 @@
-#include "programme.h"
+#include "shell/programme.h"
 
 int main(int argc, char **argv) { return lancerProgramme(argc, argv); }

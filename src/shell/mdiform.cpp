@@ -1,14 +1,14 @@
-#include "mdiform.h"
+#include "shell/mdiform.h"
 
-#include "base.h"
-#include "centrer.h"
-#include "demarrage.h"
-#include "dernierrecours.h"
-#include "dialogue.h"
-#include "entreesdemenu.h"
-#include "etatsfenetres.h"
-#include "fenetrefille.h"
-#include "nombre.h"
+#include "rules/dialogue.h"
+#include "rules/nombre.h"
+#include "screens/centrer.h"
+#include "screens/dernierrecours.h"
+#include "screens/etatsfenetres.h"
+#include "shell/entreesdemenu.h"
+#include "shell/fenetrefille.h"
+#include "storage/base.h"
+#include "storage/demarrage.h"
 
 #include <QAbstractButton>
 #include <QApplication>

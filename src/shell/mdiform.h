@@ -1,7 +1,7 @@
 #pragma once
 
-#include "contexte.h"
-#include "registrefenetres.h"
+#include "screens/contexte.h"
+#include "screens/registrefenetres.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "base.h"
+#include "storage/base.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Above this size, far beyond that of most employers, the look at every page would make the start slow (200 ms
-/// for 35 MB); damage is then met when the page is read.
+/// Above this size, far beyond that of most employers, the look at every page would make the start slow (200
+/// ms for 35 MB); damage is then met when the page is read.
 constexpr qint64 tailleVerifiee = 16 * 1024 * 1024;
 
 [[noreturn]] void refuser(const QString &chemin, const QString &cause)

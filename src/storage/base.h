@@ -1,7 +1,7 @@
 #pragma once
 
-#include "connexion.h"
-#include "recordset.h"
+#include "storage/connexion.h"
+#include "storage/recordset.h"
 
 /// What all windows share: the one connection, the command and the recordsets, which live as long as the
 /// program. Demarrer() opens them. A recordset that the start did not reach throws ErreurBase when it is

@@ -1,10 +1,10 @@
-#include "chargement.h"
+#include "storage/chargement.h"
 
-#include "dialogue.h"
-#include "lecteurlignes.h"
-#include "lieux.h"
-#include "recordset.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/lecteurlignes.h"
+#include "rules/texte.h"
+#include "storage/lieux.h"
+#include "storage/recordset.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "connexion.h"
+#include "storage/connexion.h"
 
 #include <QSqlError>
 #include <QSqlRecord>

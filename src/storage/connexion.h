@@ -1,8 +1,8 @@
 #pragma once
 
-#include "enregistrement.h"
-#include "erreursql.h"
-#include "valeur.h"
+#include "storage/enregistrement.h"
+#include "storage/erreursql.h"
+#include "storage/valeur.h"
 
 #include <QObject>
 #include <QSqlDatabase>

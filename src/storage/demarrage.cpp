@@ -1,11 +1,11 @@
-#include "demarrage.h"
+#include "storage/demarrage.h"
 
-#include "base.h"
-#include "chargement.h"
-#include "dialogue.h"
-#include "installation.h"
-#include "lieux.h"
-#include "schema.h"
+#include "rules/dialogue.h"
+#include "storage/base.h"
+#include "storage/chargement.h"
+#include "storage/installation.h"
+#include "storage/lieux.h"
+#include "storage/schema.h"
 
 #include <QDebug>
 

@@ -1,8 +1,8 @@
-#include "enregistrement.h"
+#include "storage/enregistrement.h"
 
-#include "erreurs.h"
-#include "texte.h"
-#include "valeur.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
+#include "storage/valeur.h"
 
 #include <utility>
 

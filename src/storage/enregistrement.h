@@ -1,6 +1,6 @@
 #pragma once
 
-#include "nombre.h"
+#include "rules/nombre.h"
 
 #include <QDate>
 #include <QStringList>

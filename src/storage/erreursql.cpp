@@ -1,6 +1,6 @@
-#include "erreursql.h"
+#include "storage/erreursql.h"
 
-#include "enregistrement.h"
+#include "storage/enregistrement.h"
 
 #include <QSqlError>
 

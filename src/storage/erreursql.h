@@ -1,7 +1,7 @@
 #pragma once
 
-#include "erreurs.h"
-#include "valeur.h"
+#include "rules/erreurs.h"
+#include "storage/valeur.h"
 
 #include <QStringList>
 

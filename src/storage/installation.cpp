@@ -1,8 +1,8 @@
-#include "installation.h"
+#include "storage/installation.h"
 
-#include "connexion.h"
-#include "lieux.h"
-#include "schema.h"
+#include "storage/connexion.h"
+#include "storage/lieux.h"
+#include "storage/schema.h"
 
 #include <QDir>
 #include <QFile>

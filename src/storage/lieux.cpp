@@ -1,4 +1,4 @@
-#include "lieux.h"
+#include "storage/lieux.h"
 
 #include <QDir>
 

@@ -1,7 +1,7 @@
-#include "recordset.h"
+#include "storage/recordset.h"
 
-#include "date.h"
-#include "texte.h"
+#include "rules/date.h"
+#include "rules/texte.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enregistrement.h"
+#include "storage/enregistrement.h"
 
 #include <QList>
 #include <QString>

@@ -1,9 +1,9 @@
-#include "generateurcles.h"
+#include "tools/generateurcles.h"
 
-#include "dialogue.h"
-#include "identite.h"
-#include "nombre.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "rules/texte.h"
 
 using namespace Qt::StringLiterals;
 

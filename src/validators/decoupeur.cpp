@@ -1,7 +1,7 @@
-#include "decoupeur.h"
+#include "validators/decoupeur.h"
 
-#include "erreurs.h"
-#include "texte.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
 
 #include <cstring>
 

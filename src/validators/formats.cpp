@@ -1,8 +1,8 @@
-#include "formats.h"
+#include "validators/formats.h"
 
-#include "lecteurlignes.h"
-#include "marque.h"
-#include "validateurdas.h"
+#include "rules/lecteurlignes.h"
+#include "validators/marque.h"
+#include "validators/validateurdas.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "impression.h"
+#include "validators/impression.h"
 
-#include "listeserreurs.h"
+#include "validators/listeserreurs.h"
 
 using namespace Qt::StringLiterals;
 

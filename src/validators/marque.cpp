@@ -1,6 +1,6 @@
-#include "marque.h"
+#include "validators/marque.h"
 
-#include "texte.h"
+#include "rules/texte.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "rapprochement.h"
+#include "validators/rapprochement.h"
 
-#include "dialogue.h"
-#include "nombre.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/nombre.h"
+#include "rules/texte.h"
 
 #include <algorithm>
 #include <cmath>

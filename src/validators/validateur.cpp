@@ -1,11 +1,11 @@
-#include "validateur.h"
+#include "validators/validateur.h"
 
-#include "dialogue.h"
-#include "erreurs.h"
-#include "lecteurlignes.h"
-#include "marque.h"
-#include "nombre.h"
-#include "texte.h"
+#include "rules/dialogue.h"
+#include "rules/erreurs.h"
+#include "rules/lecteurlignes.h"
+#include "rules/nombre.h"
+#include "rules/texte.h"
+#include "validators/marque.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "decoupeur.h"
-#include "listeserreurs.h"
+#include "validators/decoupeur.h"
+#include "validators/listeserreurs.h"
 
 #include <QList>
 #include <QString>

@@ -1,12 +1,12 @@
-#include "validateurdas.h"
+#include "validators/validateurdas.h"
 
-#include "date.h"
-#include "dialogue.h"
-#include "erreurs.h"
-#include "identite.h"
-#include "nombre.h"
-#include "saisie.h"
-#include "texte.h"
+#include "rules/date.h"
+#include "rules/dialogue.h"
+#include "rules/erreurs.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "validateur.h"
+#include "validators/validateur.h"
 
 #include <QDate>
 

@@ -1,4 +1,4 @@
-#include "dialoguescenario.h"
+#include "tests/commun/dialoguescenario.h"
 
 #include <QTest>
 

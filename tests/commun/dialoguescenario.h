@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogue.h"
+#include "rules/dialogue.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,7 +1,7 @@
-#include "basedas.h"
+#include "tests/das/basedas.h"
 
-#include "genredas.h"
-#include "identite.h"
+#include "das/genredas.h"
+#include "rules/identite.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "basesalaries.h"
-#include "declaration.h"
+#include "declarations/declaration.h"
+#include "tests/employees/basesalaries.h"
 
 /// A database with an employer, a campaign and employees, on which declarations are made.
 class BaseDas : public BaseSalaries

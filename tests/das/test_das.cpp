@@ -1,9 +1,9 @@
-#include "basedas.h"
-#include "dialoguescenario.h"
-#include "entetes.h"
-#include "genredas.h"
-#include "lignedas.h"
-#include "lignes.h"
+#include "das/genredas.h"
+#include "das/lignedas.h"
+#include "declarations/entetes.h"
+#include "declarations/lignes.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/das/basedas.h"
 
 #include <QProcess>
 #include <QTest>

@@ -1,11 +1,11 @@
-#include "basedas.h"
-#include "controledas.h"
-#include "dialoguescenario.h"
-#include "exportdas.h"
-#include "foyer.h"
-#include "lieux.h"
-#include "texte.h"
-#include "validateurdas.h"
+#include "das/controledas.h"
+#include "das/exportdas.h"
+#include "rules/texte.h"
+#include "storage/lieux.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/das/basedas.h"
+#include "tests/storage/foyer.h"
+#include "validators/validateurdas.h"
 
 #include <QDir>
 #include <QTest>

@@ -1,6 +1,6 @@
-#include "basesalaries.h"
+#include "tests/employees/basesalaries.h"
 
-#include "schema.h"
+#include "storage/schema.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "affiliation.h"
-#include "base.h"
+#include "employees/affiliation.h"
+#include "storage/base.h"
 
 #include <QTemporaryDir>
 

@@ -1,7 +1,7 @@
-#include "basesalaries.h"
-#include "date.h"
-#include "dialoguescenario.h"
-#include "identite.h"
+#include "rules/date.h"
+#include "rules/identite.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/employees/basesalaries.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,13 +1,13 @@
-#include "base.h"
-#include "calendrier.h"
-#include "contexte.h"
-#include "demarrage.h"
-#include "dernierrecours.h"
-#include "dialoguescenario.h"
-#include "fenetresnationalites.h"
-#include "lieux.h"
-#include "nationalites.h"
-#include "registrefenetres.h"
+#include "employees/nationalites.h"
+#include "employees/screens/fenetresnationalites.h"
+#include "rules/calendrier.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/registrefenetres.h"
+#include "storage/base.h"
+#include "storage/demarrage.h"
+#include "storage/lieux.h"
+#include "tests/commun/dialoguescenario.h"
 
 #include <QFile>
 #include <QLabel>

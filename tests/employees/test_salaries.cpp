@@ -1,9 +1,9 @@
-#include "basesalaries.h"
-#include "choixsalarie.h"
-#include "dialoguescenario.h"
-#include "importsalaries.h"
-#include "salaries.h"
-#include "texte.h"
+#include "employees/choixsalarie.h"
+#include "employees/importsalaries.h"
+#include "employees/salaries.h"
+#include "rules/texte.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/employees/basesalaries.h"
 
 #include <QTest>
 

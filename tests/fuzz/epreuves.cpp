@@ -1,11 +1,11 @@
-#include "epreuves.h"
+#include "tests/fuzz/epreuves.h"
 
-#include "decoupeur.h"
-#include "erreurs.h"
-#include "lecteurlignes.h"
-#include "lot.h"
-#include "texte.h"
-#include "validateurdas.h"
+#include "batch/lot.h"
+#include "rules/erreurs.h"
+#include "rules/lecteurlignes.h"
+#include "rules/texte.h"
+#include "validators/decoupeur.h"
+#include "validators/validateurdas.h"
 
 #include <QBuffer>
 #include <QList>

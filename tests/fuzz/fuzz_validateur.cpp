@@ -1,4 +1,4 @@
-#include "epreuves.h"
+#include "tests/fuzz/epreuves.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *octets, std::size_t taille)
 {

@@ -1,6 +1,6 @@
-#include "basereference.h"
+#include "tests/reference/basereference.h"
 
-#include "schema.h"
+#include "storage/schema.h"
 
 BaseReference::BaseReference()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base.h"
+#include "storage/base.h"
 
 #include <QTemporaryDir>
 

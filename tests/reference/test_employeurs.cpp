@@ -1,9 +1,9 @@
-#include "banques.h"
-#include "basereference.h"
-#include "dialoguescenario.h"
-#include "employeurs.h"
-#include "identite.h"
-#include "textesaisi.h"
+#include "reference/banques.h"
+#include "reference/employeurs.h"
+#include "reference/textesaisi.h"
+#include "rules/identite.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/reference/basereference.h"
 
 #include <QTest>
 

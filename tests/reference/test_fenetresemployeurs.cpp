@@ -1,12 +1,12 @@
-#include "basereference.h"
-#include "calendrier.h"
-#include "champmasque.h"
-#include "contexte.h"
-#include "dernierrecours.h"
-#include "dialoguescenario.h"
-#include "fenetresemployeurs.h"
-#include "grille.h"
-#include "registrefenetres.h"
+#include "reference/screens/fenetresemployeurs.h"
+#include "rules/calendrier.h"
+#include "screens/champmasque.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/grille.h"
+#include "screens/registrefenetres.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/reference/basereference.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,11 +1,11 @@
-#include "calendrier.h"
-#include "date.h"
-#include "dialoguescenario.h"
-#include "erreurs.h"
-#include "identite.h"
-#include "nombre.h"
-#include "saisie.h"
-#include "texte.h"
+#include "rules/calendrier.h"
+#include "rules/date.h"
+#include "rules/erreurs.h"
+#include "rules/identite.h"
+#include "rules/nombre.h"
+#include "rules/saisie.h"
+#include "rules/texte.h"
+#include "tests/commun/dialoguescenario.h"
 
 #include <QTest>
 

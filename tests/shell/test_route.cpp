@@ -1,6 +1,6 @@
-#include "foyer.h"
-#include "lieux.h"
-#include "route.h"
+#include "demo/route.h"
+#include "storage/lieux.h"
+#include "tests/storage/foyer.h"
 
 #include <QDir>
 #include <QTest>

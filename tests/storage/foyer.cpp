@@ -1,7 +1,7 @@
-#include "foyer.h"
+#include "tests/storage/foyer.h"
 
-#include "lieux.h"
-#include "schema.h"
+#include "storage/lieux.h"
+#include "storage/schema.h"
 
 #include <QDir>
 #include <QFile>

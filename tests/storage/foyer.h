@@ -1,6 +1,6 @@
 #pragma once
 
-#include "connexion.h"
+#include "storage/connexion.h"
 
 #include <QTemporaryDir>
 

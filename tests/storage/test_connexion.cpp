@@ -1,8 +1,8 @@
-#include "connexion.h"
-#include "erreurs.h"
-#include "foyer.h"
-#include "recordset.h"
-#include "schema.h"
+#include "rules/erreurs.h"
+#include "storage/connexion.h"
+#include "storage/recordset.h"
+#include "storage/schema.h"
+#include "tests/storage/foyer.h"
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,10 +1,10 @@
-#include "base.h"
-#include "demarrage.h"
-#include "dialoguescenario.h"
-#include "foyer.h"
-#include "installation.h"
-#include "lieux.h"
-#include "schema.h"
+#include "storage/base.h"
+#include "storage/demarrage.h"
+#include "storage/installation.h"
+#include "storage/lieux.h"
+#include "storage/schema.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/storage/foyer.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>

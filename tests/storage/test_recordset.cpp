@@ -1,7 +1,7 @@
-#include "erreurs.h"
-#include "foyer.h"
-#include "recordset.h"
-#include "schema.h"
+#include "rules/erreurs.h"
+#include "storage/recordset.h"
+#include "storage/schema.h"
+#include "tests/storage/foyer.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>

@@ -1,11 +1,11 @@
-#include "base.h"
-#include "calendrier.h"
-#include "champmasque.h"
-#include "contexte.h"
-#include "dernierrecours.h"
-#include "dialoguescenario.h"
-#include "fenetresoutils.h"
-#include "registrefenetres.h"
+#include "rules/calendrier.h"
+#include "screens/champmasque.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/registrefenetres.h"
+#include "storage/base.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tools/screens/fenetresoutils.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,6 +1,6 @@
-#include "erreurs.h"
-#include "lecteurlignes.h"
-#include "marque.h"
+#include "rules/erreurs.h"
+#include "rules/lecteurlignes.h"
+#include "validators/marque.h"
 
 #include <QBuffer>
 #include <QTest>

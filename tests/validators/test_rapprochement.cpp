@@ -1,5 +1,5 @@
-#include "dialoguescenario.h"
-#include "rapprochement.h"
+#include "tests/commun/dialoguescenario.h"
+#include "validators/rapprochement.h"
 
 #include <QTest>
 

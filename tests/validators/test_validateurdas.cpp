@@ -1,8 +1,8 @@
-#include "dialoguescenario.h"
-#include "erreurs.h"
-#include "formats.h"
-#include "texte.h"
-#include "validateurdas.h"
+#include "rules/erreurs.h"
+#include "rules/texte.h"
+#include "tests/commun/dialoguescenario.h"
+#include "validators/formats.h"
+#include "validators/validateurdas.h"
 
 #include <QBuffer>
 #include <QFile>

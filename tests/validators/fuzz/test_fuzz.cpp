@@ -1,4 +1,4 @@
-#include "epreuves.h"
+#include "tests/fuzz/epreuves.h"
 
 #include <QDir>
 #include <QtTest>

@@ -1,0 +1,87 @@
+#include "batch/lot.h"
+
+#include "rules/erreurs.h"
+#include "rules/texte.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <semaphore>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+QString DialogueEnregistreur::choisirFichier(const QString &, const QString &) { return {}; }
+
+QString DialogueEnregistreur::choisirDestination(const QString &, const QString &, const QString &)
+{
+    return {};
+}
+
+bool DialogueEnregistreur::montrer(const Boite &boite)
+{
+    boites.append(boite);
+    return boite.premierParDefaut;
+}
+
+Resultat validerFichier(const QString &donne, Format impose)
+{
+    const QString chemin = QDir::cleanPath(donne); // a folder keeps its name when it is given as "folder/"
+    Resultat resultat;
+    DialogueEnregistreur dialogue;
+    try {
+        resultat.fichier = majuscules(QFileInfo(chemin).fileName());
+        resultat.format = impose == Format::Inconnu ? formatDeFichier(chemin) : impose;
+        resultat.validateur = nouveauValidateur(resultat.format);
+        if (resultat.validateur)
+            resultat.verdict = resultat.validateur->extraire(chemin, dialogue);
+        else if (resultat.format == Format::Inconnu)
+            dialogue.critique(
+                u"Format inconnu : la première ligne du fichier n'est celle d'aucune déclaration."_s);
+        else
+            dialogue.critique(u"Le format %1 n'a pas de validateur."_s.arg(nomFormat(resultat.format)));
+    } catch (const Erreur &erreur) {
+        resultat.validateur.reset();
+        dialogue.critique(erreur.texte());
+    } catch (const std::exception &erreur) {
+        resultat.validateur.reset();
+        dialogue.critique(u"Erreur inattendue : %1"_s.arg(QString::fromLocal8Bit(erreur.what())));
+    }
+    resultat.messages = dialogue.boites;
+    return resultat;
+}
+
+void validerLot(const QStringList &chemins, Format impose,
+                const std::function<void(const Resultat &)> &recevoir)
+{
+    const auto nombre = static_cast<std::size_t>(chemins.size());
+    const std::size_t coeurs =
+        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, std::max<std::size_t>(nombre, 1));
+
+    // A worker takes a place before it takes the next file, and the place is free again when the result has
+    // been handed over: so results that wait for their turn never pile up.
+    std::vector<std::promise<Resultat>> promesses(nombre);
+    std::counting_semaphore<> places(static_cast<std::ptrdiff_t>(2 * coeurs));
+    std::atomic<std::size_t> prochain = 0;
+    const auto travailler = [&] {
+        for (;;) {
+            places.acquire();
+            const std::size_t i = prochain++;
+            if (i >= nombre) {
+                places.release();
+                return;
+            }
+            promesses[i].set_value(validerFichier(chemins[static_cast<qsizetype>(i)], impose));
+        }
+    };
+    std::vector<std::jthread> equipe;
+    for (std::size_t i = 0; i < coeurs; ++i)
+        equipe.emplace_back(travailler);
+    for (auto &promesse : promesses) {
+        recevoir(promesse.get_future().get());
+        places.release();
+    }
+}

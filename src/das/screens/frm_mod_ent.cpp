@@ -1,0 +1,39 @@
+#include "das/screens/frm_mod_ent.h"
+
+#include "das/genredas.h"
+#include "declarations/entetes.h"
+#include "rules/dialogue.h"
+#include "screens/contexte.h"
+#include "screens/focus.h"
+#include "storage/base.h"
+#include "ui_frm_mod_ent.h"
+
+using namespace Qt::StringLiterals;
+
+frm_mod_ent::frm_mod_ent(Contexte &contexte, QWidget *parent)
+    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::frm_mod_ent>())
+{
+    m_ui->setupUi(this);
+    const Enregistrement entete = contexte.base.RsEnteteDas.courant();
+    m_ui->sumedit->setText(FormatMasque(entete.montant(u"sum_annuel", Currency()), u"## ### ### ###.00"));
+    m_ui->totaledit->setText(QString::number(entete.entier(u"total_salarie", 0)));
+    relier(m_ui->cmdok, m_ui->cmdcancel);
+    surSortie(*m_ui->sumedit, contexte.dernierRecours, [this] {
+        if (!estMontantSaisi(m_ui->sumedit->text()))
+            m_contexte.dialogue.avertir(u"Veuillez saisir un nombre!"_s);
+    });
+    surClic(m_ui->cmdok, [this] { enregistrer(); });
+    reprendreSaisie(*m_ui->sumedit);
+}
+
+frm_mod_ent::~frm_mod_ent() = default;
+
+void frm_mod_ent::enregistrer()
+{
+    const RefusEntete refus = ModifierEntete(m_contexte.base, genreDas(), m_ui->sumedit->text(),
+                                             m_ui->totaledit->text(), m_contexte.dialogue);
+    if (!refus)
+        accept();
+    else
+        reprendreSaisie(*refus == ChampEntete::sumedit ? *m_ui->sumedit : *m_ui->totaledit);
+}

@@ -1,6 +1,0 @@
-#pragma once
-
-#include "grille.h"
-
-/// The columns of a list of employees: all of the table, in its order.
-QList<ColonneGrille> colonnesSalarie();

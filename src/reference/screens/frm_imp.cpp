@@ -1,0 +1,47 @@
+#include "reference/screens/frm_imp.h"
+
+#include "reference/employeurs.h"
+#include "reference/screens/add_emp.h"
+#include "reference/screens/mod_emp.h"
+#include "screens/contexte.h"
+#include "storage/base.h"
+#include "ui_frm_imp.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+Frm_imp::Frm_imp(Contexte &contexte)
+    : FenetreTable(contexte, contexte.base.RsEmployeur), m_ui(std::make_unique<Ui::Frm_imp>())
+{
+    m_ui->setupUi(this);
+    relier({.grille = m_ui->DataGrid1,
+            .fermer = m_ui->cmdclose,
+            .modifier = m_ui->Command1,
+            .supprimer = m_ui->suppBtn},
+           {{u"num_emp"_s, u"N° employeur"_s},
+            {u"rais_soc"_s, u"Raison sociale"_s},
+            {u"adresse"_s, u"Adresse"_s},
+            {u"tel"_s, u"Téléphone"_s},
+            {u"Mail"_s, u"E-mail"_s}});
+    surClic(m_ui->ajouterBtn, [this] { ajouter(); });
+    surClic(m_ui->Command1, [this] { mod_emp(m_contexte, this).exec(); });
+    surClic(m_ui->suppBtn, [this] { supprimer(); });
+}
+
+Frm_imp::~Frm_imp() = default;
+
+void Frm_imp::ajouter()
+{
+    if (!m_ajout)
+        m_ajout = new add_emp(m_contexte, this);
+    if (m_ajout->exec() == QDialog::Rejected)
+        delete std::exchange(m_ajout, nullptr);
+}
+
+void Frm_imp::supprimer()
+{
+    Base &base = m_contexte.base;
+    if (SupprimerEmployeur(base, m_contexte.dialogue) && base.RsEmployeur.vide())
+        m_contexte.menu.permettre(u"wdas"_s, false);
+}

@@ -1,0 +1,24 @@
+#include "screens/fenetresaisie.h"
+
+#include "screens/centrer.h"
+#include "screens/contexte.h"
+#include "screens/focus.h"
+
+#include <QPushButton>
+
+FenetreSaisie::FenetreSaisie(Contexte &contexte, QWidget *parent)
+    : QDialog(parent,
+              Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+      m_contexte(contexte), m_dernierRecours(contexte.dernierRecours)
+{
+    setWindowModality(Qt::WindowModal);
+    centrerALOuverture(*this);
+}
+
+void FenetreSaisie::relier(QAbstractButton *valider, QAbstractButton *fermer)
+{
+    if (auto *premier = qobject_cast<QPushButton *>(valider))
+        premier->setDefault(true);
+    marquerFermeture(*fermer);
+    connect(fermer, &QAbstractButton::clicked, this, &QDialog::reject);
+}

@@ -1,0 +1,60 @@
+#include "tools/screens/frmgencle.h"
+
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/focus.h"
+#include "tools/generateurcles.h"
+#include "ui_frmgencle.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int ChiffresCompte = 20;
+constexpr int LargeurCle = 5;
+
+void montrer(QLabel &resultat, const std::optional<QString> &cle)
+{
+    if (cle)
+        resultat.setText(*cle);
+}
+
+} // namespace
+
+FrmGenCle::FrmGenCle(Contexte &contexte) : m_contexte(contexte), m_ui(std::make_unique<Ui::FrmGenCle>())
+{
+    m_ui->setupUi(this);
+    boutonsParEntree(*this);
+    m_ui->wCptRIPRIB->setMasque(QString(ChiffresCompte, u'#'));
+    reinitialiser();
+    const int chiffre = fontMetrics().horizontalAdvance(u'0');
+    m_ui->wCptRIPRIB->setMinimumWidth((ChiffresCompte + 3) * chiffre);
+    m_ui->LabSS->setMinimumWidth(LargeurCle * chiffre);
+
+    for (QLineEdit *champ : {m_ui->TxtSS, m_ui->TxtCCP, static_cast<QLineEdit *>(m_ui->wCptRIPRIB)})
+        connect(champ, &QLineEdit::returnPressed, m_ui->CmdGen, &QPushButton::click);
+    DernierRecours &recours = m_contexte.dernierRecours;
+    recours.connecter(m_ui->CmdGen, &QPushButton::clicked, this, [this] { generer(); });
+    recours.connecter(m_ui->CmdInit, &QPushButton::clicked, this, [this] { reinitialiser(); });
+    recours.connecter(m_ui->CmdClose, &QPushButton::clicked, this, [this] { close(); });
+}
+
+FrmGenCle::~FrmGenCle() = default;
+
+void FrmGenCle::generer()
+{
+    // Each key shows before the next number is looked at, which may be refused.
+    montrer(*m_ui->LabSS, CleDuSS(m_ui->TxtSS->text()));
+    montrer(*m_ui->LabCCP, CleDuCCP(m_ui->TxtCCP->text()));
+    montrer(*m_ui->labRipRIB, VerdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue));
+}
+
+/// The verdict on the account stays, which is meant.
+void FrmGenCle::reinitialiser()
+{
+    for (QLineEdit *champ : {m_ui->TxtSS, m_ui->TxtCCP})
+        champ->clear();
+    for (QLabel *cle : {m_ui->LabCCP, m_ui->LabSS})
+        cle->clear();
+    m_ui->wCptRIPRIB->setText(QString(ChiffresCompte, u'0'));
+}

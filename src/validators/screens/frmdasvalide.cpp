@@ -1,0 +1,81 @@
+#include "validators/screens/frmdasvalide.h"
+
+#include "rules/nombre.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/focus.h"
+#include "ui_frmdasvalide.h"
+#include "validators/validateurdas.h"
+
+#include <QEvent>
+#include <QTimer>
+
+FrmDasValide::FrmDasValide(Contexte &contexte)
+    : FrmValidateur(contexte, std::make_unique<ValidateurDas>()), m_ui(std::make_unique<Ui::FrmDasValide>())
+{
+    m_ui->setupUi(this);
+    relier();
+    for (std::size_t i = 0; i < m_boites.size(); ++i) {
+        QLineEdit *boite = findChild<QLineEdit *>(SaisieDacs::Boites[i].toString());
+        m_boites[i] = boite;
+        boite->installEventFilter(this);
+        surSortie(*boite, contexte.dernierRecours, [this, boite] { quitter(*boite); });
+        connect(boite, &QLineEdit::returnPressed, this, [this] { focusNextChild(); });
+    }
+    contexte.dernierRecours.connecter(m_ui->CmdVerifier, &QPushButton::clicked, this,
+                                      &FrmDasValide::verifier);
+}
+
+FrmDasValide::~FrmDasValide() = default;
+
+/// The amounts keyed and the verdict on them were those of the file before.
+void FrmDasValide::avantExtraction()
+{
+    ViderDacs();
+    m_ui->LabDAS3->clear();
+}
+
+bool FrmDasValide::eventFilter(QObject *objet, QEvent *evenement)
+{
+    // However an amount gets the focus, the next key replaces it. A click places the cursor behind this
+    // event.
+    if (evenement->type() == QEvent::FocusIn) {
+        if (auto *boite = qobject_cast<QLineEdit *>(objet))
+            QTimer::singleShot(0, boite, &QLineEdit::selectAll);
+    }
+    return FrmValidateur::eventFilter(objet, evenement);
+}
+
+SaisieDacs FrmDasValide::saisie() const
+{
+    SaisieDacs dacs;
+    for (std::size_t i = 0; i < m_boites.size(); ++i)
+        dacs.textes[i] = m_boites[i]->text();
+    return dacs;
+}
+
+void FrmDasValide::SommeDacs() { m_ui->LabSommeDAC->setText(texteNombre(::SommeDacs(saisie()))); }
+
+void FrmDasValide::ViderDacs()
+{
+    for (QLineEdit *boite : m_boites)
+        boite->clear();
+    m_ui->LabSommeDAC->clear();
+}
+
+void FrmDasValide::quitter(QLineEdit &boite)
+{
+    QString texte = boite.text();
+    const bool accepte = QuitterMontantDac(texte, m_contexte.dialogue);
+    boite.setText(texte);
+    if (accepte)
+        SommeDacs();
+    else
+        reprendreSaisie(boite);
+}
+
+void FrmDasValide::verifier()
+{
+    m_ui->LabDAS3->clear();
+    m_ui->LabDAS3->setText(VerifierDacs(saisie(), m_ui->LabTotSalaires->text(), m_contexte.dialogue));
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "validators/rapprochement.h"
+#include "validators/screens/frmvalidateur.h"
+
+class QLineEdit;
+
+namespace Ui {
+class FrmDasValide;
+}
+
+/// Validation of an annual declaration's file before it goes to the fund.
+class FrmDasValide : public FrmValidateur
+{
+    Q_OBJECT
+
+public:
+    explicit FrmDasValide(Contexte &contexte);
+    ~FrmDasValide() override;
+
+protected:
+    void avantExtraction() override;
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+private:
+    SaisieDacs saisie() const;
+    void SommeDacs();
+    void ViderDacs();
+    void quitter(QLineEdit &boite);
+    void verifier();
+
+    std::array<QLineEdit *, SaisieDacs::Nombre> m_boites{};
+    std::unique_ptr<Ui::FrmDasValide> m_ui;
+};

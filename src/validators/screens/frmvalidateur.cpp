@@ -1,0 +1,193 @@
+#include "validators/screens/frmvalidateur.h"
+
+#include "rules/dialogue.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/focus.h"
+#include "screens/impressiontexte.h"
+#include "validators/impression.h"
+#include "validators/screens/modeleerreurs.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How long the window may stand unpainted while a file is read.
+constexpr qint64 PeintureMs = 50;
+
+/// The full entries of the selected rows, one a line.
+void copierEntrees(const QTableView &table)
+{
+    QList<int> lignes;
+    for (const QItemSelectionRange &plage : table.selectionModel()->selection()) {
+        for (int ligne = plage.top(); ligne <= plage.bottom(); ++ligne)
+            lignes.append(ligne);
+    }
+    std::sort(lignes.begin(), lignes.end());
+    lignes.erase(std::unique(lignes.begin(), lignes.end()), lignes.end());
+    QString texte;
+    for (const int ligne : lignes)
+        texte += table.model()->index(ligne, 0).data(ModeleErreurs::RoleEntree).toString() + u'\n';
+    if (!texte.isEmpty())
+        QGuiApplication::clipboard()->setText(texte);
+}
+
+} // namespace
+
+FrmValidateur::FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> validateur)
+    : m_contexte(contexte), m_validateur(std::move(validateur))
+{
+    CDImprimer = [this](QPrinter &imprimante) {
+        return QPrintDialog(&imprimante, this).exec() == QDialog::Accepted;
+    };
+}
+
+FrmValidateur::~FrmValidateur() = default;
+
+void FrmValidateur::relier()
+{
+    m_onglets = findChild<QTabWidget *>(u"SSTab1"_s);
+    m_avancement = findChild<QProgressBar *>(u"BarreExtraction"_s);
+    m_onglets->setEnabled(false);
+    m_onglets->setCurrentIndex(0);
+    m_avancement->hide();
+    boutonsParEntree(*this);
+    relierListe(u"ListeErrRejet"_s, m_validateur->rejets);
+    relierListe(u"ListeErrOK"_s, m_validateur->sansIncidence);
+    actualiser();
+
+    m_validateur->surAvancement = [this](qint64 lus, qint64 total) { avancer(lus, total); };
+    const auto surClic = [this](const QString &bouton, auto action) {
+        m_contexte.dernierRecours.connecter(findChild<QPushButton *>(bouton), &QPushButton::clicked, this,
+                                            action);
+    };
+    surClic(u"CmdExtFichier"_s, [this] { extraire(); });
+    surClic(u"CmdImprimer"_s, [this] { imprimer(m_validateur->rejets); });
+    surClic(u"CmdImprimerOK"_s, [this] { imprimer(m_validateur->sansIncidence); });
+    surClic(u"cmdexit"_s, [this] { close(); });
+}
+
+void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
+{
+    auto *table = findChild<QTableView *>(nom);
+    auto *modele = new ModeleErreurs(listes, this);
+    m_modeles.append(modele);
+    table->setModel(modele);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+    const int chiffre = table->fontMetrics().horizontalAdvance(u'0');
+    table->setColumnWidth(ModeleErreurs::Ligne, 10 * chiffre);
+    table->setColumnWidth(ModeleErreurs::Numero, 17 * chiffre);
+    table->setColumnWidth(ModeleErreurs::Nom, 32 * chiffre);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setHighlightSections(false);
+
+    // The whole entry of the current row stands below the table, to be read and selected.
+    auto *detail = findChild<QPlainTextEdit *>(u"Detail"_s + nom);
+    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, detail,
+            [detail](const QModelIndex &courante) {
+                detail->setPlainText(courante.data(ModeleErreurs::RoleEntree).toString());
+            });
+    connect(modele, &QAbstractItemModel::modelReset, detail, &QPlainTextEdit::clear);
+
+    table->installEventFilter(this);
+}
+
+bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
+{
+    auto *table = qobject_cast<QTableView *>(objet);
+    if (table && evenement->type() == QEvent::KeyPress) {
+        const auto *touche = static_cast<QKeyEvent *>(evenement);
+        if (touche->matches(QKeySequence::Copy)) {
+            copierEntrees(*table);
+            return true;
+        }
+        // Of themselves these keys go to a column, which says nothing to a list of whole lines.
+        const bool debut = touche->key() == Qt::Key_Home;
+        if ((debut || touche->key() == Qt::Key_End) && !(touche->modifiers() & Qt::ShiftModifier)) {
+            table->selectRow(debut ? 0 : table->model()->rowCount() - 1);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(objet, evenement);
+}
+
+void FrmValidateur::extraire()
+{
+    m_validateur->vider();
+    avantExtraction();
+    actualiser();
+    const QString chemin = m_contexte.dialogue.choisirFichier(
+        u"Sélectionner le fichier à valider"_s, u"Fichiers texte (*.txt *.TXT);;Tous les fichiers (*)"_s);
+
+    Verdict verdict = Verdict::Interrompue;
+    const auto finir = qScopeGuard([&] {
+        m_avancement->hide();
+        actualiser();
+        for (auto *table : findChildren<QTableView *>())
+            table->selectRow(0);
+        // The errors are read next; and one Enter too many for the boxes must not begin a new extraction.
+        if (verdict == Verdict::Interrompue)
+            return;
+        if (auto *table = m_onglets->currentWidget()->findChild<QTableView *>())
+            table->setFocus();
+    });
+    m_depuisPeinture.start();
+    verdict = m_validateur->extraire(chemin, m_contexte.dialogue);
+}
+
+void FrmValidateur::avancer(qint64 lus, qint64 total)
+{
+    actualiser();
+    if (lus < total && !m_depuisPeinture.hasExpired(PeintureMs))
+        return;
+    m_avancement->setValue(total > 0 ? static_cast<int>(lus * m_avancement->maximum() / total) : 0);
+    m_avancement->setVisible(lus < total);
+    // Clicks and keys wait until the run is over.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_depuisPeinture.start();
+}
+
+/// Shows the lists and labels as the validator has them.
+void FrmValidateur::actualiser()
+{
+    for (ModeleErreurs *modele : std::as_const(m_modeles))
+        modele->actualiser();
+    for (const Validateur::Libelle &libelle : m_validateur->libelles()) {
+        if (auto *label = findChild<QLabel *>(libelle.nom))
+            label->setText(libelle.texte);
+    }
+    m_onglets->setEnabled(m_validateur->ongletsPermis());
+}
+
+void FrmValidateur::imprimer(const ListesErreurs &listes)
+{
+    if (listes.taille() == 0)
+        return;
+    QPrinter imprimante;
+    imprimante.setPageSize(QPageSize(QPageSize::A4));
+    if (!CDImprimer(imprimante))
+        return;
+    ImpressionTexte impression(imprimante);
+    for (int copie = 0; copie < impression.copies(); ++copie) {
+        impression.nouveauDocument();
+        composerListe(listes, m_validateur->titreImpression(listes),
+                      [&](const QString &ligne) { impression.ligne(ligne); });
+    }
+    impression.finir();
+}

@@ -1,0 +1,389 @@
+#include "das/screens/frmentdas.h"
+#include "das/screens/frmlndas.h"
+#include "rules/calendrier.h"
+#include "rules/texte.h"
+#include "screens/champmasque.h"
+#include "screens/contexte.h"
+#include "screens/ctrlduree.h"
+#include "screens/etatsfenetres.h"
+#include "screens/grille.h"
+#include "storage/lieux.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/commun/gestes.h"
+#include "tests/das/basedas.h"
+#include "tests/storage/foyer.h"
+#include "validators/screens/frmdasvalide.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MenuMuet : public MenuPrincipal
+{
+public:
+    void permettre(const QString &, bool) override {}
+};
+
+QString etiquette(const QWidget &ecran, const QString &nom) { return champ<QLabel>(ecran, nom)->text(); }
+
+/// Makes the window the one that gets the keys; a window system does that when it is shown.
+bool activer(QWidget &fenetre)
+{
+    fenetre.activateWindow();
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() == &fenetre; });
+}
+
+/// Runs in the window that the next action opens modally.
+void dansLaFenetre(const std::function<void(QWidget &)> &action)
+{
+    QTimer::singleShot(0, qApp, [action] {
+        QWidget *fenetre = QApplication::activeModalWidget();
+        if (!fenetre)
+            return QTest::qFail("no window has opened", __FILE__, __LINE__);
+        if (!activer(*fenetre))
+            return QTest::qFail("the window is not active", __FILE__, __LINE__);
+        action(*fenetre);
+        if (fenetre->isVisible())
+            fenetre->close();
+    });
+}
+
+QString question(const QString &moyenne, const QString &blancs = u"  "_s)
+{
+    return u"le salaire déclaré mensuel moyen est de : "_s + moyenne + blancs +
+           u"Da, Voulez vous valider ses données ?"_s;
+}
+
+const QString ajoutee = u"Ligne DAS ajoutée avec succès !"_s;
+
+} // namespace
+
+/// The screens of the annual declaration as a clerk uses them, hands on the keys.
+class TestEcransDas : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<BaseDas> m_donnees;
+    DialogueScenario m_dialogue;
+    DernierRecours m_recours{m_dialogue, [this] { m_donnees->base.Cnx.annulerTransaction(); }};
+    MenuMuet m_menu;
+    BornesDePeriode m_bornes;
+    std::unique_ptr<Contexte> m_contexte;
+
+    Base &base() { return m_donnees->base; }
+
+    template <typename Ecran>
+    std::unique_ptr<Ecran> ouvrir(Ecran *ecran)
+    {
+        ecran->show();
+        if (!activer(*ecran))
+            qFatal("the window is not active");
+        return std::unique_ptr<Ecran>(ecran);
+    }
+
+    frmlndas *ouvrirLignes(frmentdas &entetes)
+    {
+        cliquer(entetes, u"cmddetail"_s);
+        auto *lignes = entetes.findChild<frmlndas *>(u"frmlndas"_s);
+        if (!lignes || !activer(*lignes))
+            qFatal("no lines list");
+        return lignes;
+    }
+
+private slots:
+    void init()
+    {
+        reglages().clear();
+        m_donnees = std::make_unique<BaseDas>();
+        m_contexte.reset(new Contexte{base(), m_dialogue, m_recours, m_bornes, m_menu});
+    }
+
+    void cleanup() { QVERIFY(m_dialogue.acheve()); }
+
+    /// From an empty list of headers to the verdict of the validator.
+    void route()
+    {
+        Foyer foyer;
+        QVERIFY(QDir().mkpath(dossierExpor()));
+        m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"BENALI"}});
+        m_donnees->ajouter(BaseDas::numero(2), 1, {{u"nom"_s, u"D'ARC"}});
+        m_donnees->ajouter(u"000000000000"_s, 4, {{u"nom"_s, u"NOUVEAU"}});
+
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        for (const QString &bouton : {u"cmdmod"_s, u"cmdDelete"_s, u"cmdsup"_s, u"cmddetail"_s, u"cmdexpor"_s,
+                                      u"Cmdprint"_s, u"CmdPrintLn"_s, u"CmdCD"_s})
+            QVERIFY2(!champ(*entetes, bouton)->isEnabled(), qPrintable(bouton));
+        champ(*entetes, u"cmbannee"_s)->setFocus();
+        touche(Qt::Key_Down);
+        champ(*entetes, u"cmbemp"_s)->setFocus();
+        touche(Qt::Key_Down);
+        champ(*entetes, u"sumedit"_s)->setFocus();
+        taper(u"1 250 000.50"_s);
+        touche(Qt::Key_Return);
+        QCOMPARE(focus(), u"total_salEdit"_s);
+        taper(u"3"_s);
+        touche(Qt::Key_Return);
+        QCOMPARE(base().RsEnteteDas.nombre(), 1);
+        QCOMPARE(texte(*entetes, u"sumedit"_s) + u'|' + texte(*entetes, u"total_salEdit"_s), u"|00000"_s);
+        QCOMPARE(texte(*entetes, u"calcsumEdit"_s), QString());
+        for (const QString &bouton : {u"Cmdprint"_s, u"CmdPrintLn"_s, u"CmdCD"_s})
+            QVERIFY(!champ(*entetes, bouton)->isEnabled());
+
+        frmlndas *lignes = ouvrirLignes(*entetes);
+        QCOMPARE(etiquette(*lignes, u"LabCampagne"_s), u" Campagne     :   2024"_s);
+        QCOMPARE(etiquette(*lignes, u"LabType"_s), u"DAS Principale"_s);
+        QCOMPARE(etiquette(*lignes, u"LabRaison"_s), u"SARL L'Étoile"_s);
+        QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled());
+
+        dansLaFenetre([&](QWidget &saisie) {
+            QCOMPARE(saisie.objectName(), u"frm_add_lndas"_s);
+            QCOMPARE(texte(saisie, u"sal_annueledit"_s), u"00000000.00"_s);
+            QCOMPARE(texte(saisie, u"mskdate"_s), u"__/__/____"_s);
+            // Two lines without a mouse.
+            for (int i = 1; i <= 2; ++i) {
+                QCOMPARE(focus(), u"num_saledit"_s);
+                QCOMPARE(texte(saisie, u"num_saledit"_s), u"0000000000"_s);
+                taper(BaseDas::numero(i).left(10));
+                touche(Qt::Key_Return);
+                QCOMPARE(focus(), u"mskcle"_s);
+                taper(BaseDas::numero(i).mid(10));
+                touche(Qt::Key_Return);
+                QCOMPARE(etiquette(saisie, u"Lab_nom"_s), i == 1 ? u"BENALI"_s : u"D'ARC"_s);
+                QCOMPARE(etiquette(saisie, u"Lab_date_naiss"_s), u"04/03/1988"_s);
+                QCOMPARE(focus(), u"sal_annueledit"_s);
+                taper(i == 1 ? u"600000.50"_s : u"600000"_s);
+                touche(Qt::Key_Return);
+                taper(u"12m"_s);
+                touche(Qt::Key_Return);
+                QCOMPARE(focus(), u"mskdate"_s);
+                taper(u"01072023"_s);
+                champ<QRadioButton>(saisie, u"EOption"_s)->click();
+                m_dialogue.attendreQuestion(question(i == 1 ? u"50 000.04"_s : u"50 000.00"_s), true);
+                m_dialogue.attendreInformation(ajoutee);
+                touche(Qt::Key_Return);
+                QVERIFY(m_dialogue.acheve());
+                QCOMPARE(champ<QCalendarWidget>(saisie, u"Clend_naiss"_s)->selectedDate(), QDate(2023, 7, 1));
+                QCOMPARE(base().RsLigneDas.nombre(), i);
+                QVERIFY(!champ<QRadioButton>(saisie, u"EOption"_s)->isChecked());
+                QCOMPARE(texte(*entetes, u"calcsalEdit"_s), QString::number(i)); // seen at once
+            }
+            QCOMPARE(texte(*entetes, u"calcsumEdit"_s), u"1 200 000.50"_s);
+
+            // The newcomer without a number comes by the picker alone.
+            m_dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est à blanc, sélectionnez le "
+                                             "salarié à partir de la commande INSERER "_s);
+            champ(saisie, u"mskcle"_s)->setFocus();
+            touche(Qt::Key_Tab);
+            dansLaFenetre([&](QWidget &liste) {
+                QCOMPARE(liste.objectName(), u"frm_ins_num_sal"_s);
+                QTest::keyClick(champ(liste, u"DataGrid1"_s), Qt::Key_End, Qt::ControlModifier);
+                cliquer(liste, u"cmdok"_s);
+            });
+            cliquer(saisie, u"cmdins"_s);
+            QCOMPARE(texte(saisie, u"num_saledit"_s) + texte(saisie, u"mskcle"_s), u"000000000000"_s);
+            QCOMPARE(etiquette(saisie, u"Lab_nom"_s), u"NOUVEAU"_s);
+            QVERIFY(activer(saisie));
+            QCOMPARE(focus(), u"cmdok"_s);
+            champ<QLineEdit>(saisie, u"sal_annueledit"_s)->setText(u"50000"_s);
+            champ<ctrlDuree>(saisie, u"nbj_travailctrl"_s)->setDuree(8, u'H');
+            champ<QLineEdit>(saisie, u"mskdate"_s)->setText(u"10/06/2024"_s);
+            champ<QRadioButton>(saisie, u"EOption"_s)->click();
+            m_dialogue.attendreQuestion(question(u"1 082 251.08"_s), true);
+            m_dialogue.attendreInformation(ajoutee);
+            cliquer(saisie, u"cmdok"_s);
+        });
+        cliquer(*lignes, u"cmdajt"_s);
+        QCOMPARE(base().RsLigneDas.nombre(), 3);
+        QCOMPARE(base().RsLigneDas.ligneCourante(), 2);
+        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :NOUVEAU"_s);
+        QCOMPARE(etiquette(*lignes, u"LabCCP"_s), u"N° Compte CCP   : 123456768"_s);
+
+        lignes->close();
+        QVERIFY(activer(*entetes));
+        champ<QCheckBox>(*entetes, u"chkChemin"_s)->setChecked(true);
+        const QString chemin = dossierExpor() + u"/12345678_DAS_2024.txt"_s;
+        m_dialogue.attendreInformation(
+            u"Numéro SS : 000000000000  de l'employé  NOUVEAU    JEAN n'est pas valide, il sera pris en "
+            "charge , mais vous devez  vous rapprocher des services de la CNAS afin de réclamer son numéro "
+            "de sécurité social "_s);
+        m_dialogue.attendreInformation(u"DAS exportée avec succès vers "_s +
+                                       QDir::toNativeSeparators(chemin));
+        cliquer(*entetes, u"cmdexpor"_s);
+        const QString suite = u";JEAN;M;04/03/1988;;12 RUE DES ROSIERS;;;N;N;123456768;;;;MAÇON;"_s;
+        const QString fin = u";E;M;0550112233;;;004;PAUL;DURAND;MARIE;109880123123450006;12345;\r\n"_s;
+        QCOMPARE(lireFichier(chemin),
+                 encoder(u"DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1250000,5;3;\r\n"_s + BaseDas::numero(1) +
+                         u";BENALI"_s + suite + u"600000,5;12;M;01/07/2023"_s + fin + BaseDas::numero(2) +
+                         u";D'ARC"_s + suite + u"600000;12;M;01/07/2023"_s + fin + u"000000000000;NOUVEAU"_s +
+                         suite + u"50000;8;H;10/06/2024"_s + fin));
+
+        const auto valideur = ouvrir(new FrmDasValide(*m_contexte));
+        m_dialogue.attendreFichier(chemin);
+        m_dialogue.attendreBoite(
+            u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s);
+        cliquer(*valideur, u"CmdExtFichier"_s);
+        QVERIFY(m_dialogue.acheve());
+        champ<QLineEdit>(*valideur, u"TxtT3"_s)->setText(u"1250000.5"_s);
+        m_dialogue.attendreInformation(u"Montant DAS Annuelle Egal au Total DACs"_s, u"DAS"_s);
+        champ<QPushButton>(*valideur, u"CmdVerifier"_s)->click();
+    }
+
+    void entete()
+    {
+        m_donnees->entete(2, Currency::deTexte(u"1234567.5"), 2);
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        champ(*entetes, u"sumedit"_s)->setFocus();
+        taper(u"12x"_s);
+        m_dialogue.attendreAvertissement(
+            u"Veuillez saisir un nombre, comme montant total des salaires annuels SVP !"_s);
+        touche(Qt::Key_Tab);
+        QVERIFY(m_dialogue.acheve());
+        QCOMPARE(focus(), u"total_salEdit"_s);
+        m_dialogue.attendreAvertissement(u"Veuillez spécifier une année et un numéro d'employeur SVP"_s);
+        cliquer(*entetes, u"cmdajt"_s);
+        QCOMPARE(focus(), u"cmbannee"_s);
+
+        dansLaFenetre([&](QWidget &fenetre) {
+            QCOMPARE(fenetre.objectName(), u"frm_mod_ent"_s);
+            QCOMPARE(texte(fenetre, u"sumedit"_s), u"1 234 567.50"_s);
+            m_dialogue.attendreAvertissement(u"Veuillez saisir un nombre!"_s);
+            taper(u"abc"_s);
+            touche(Qt::Key_Tab);
+            QVERIFY(m_dialogue.acheve());
+            m_dialogue.attendreAvertissement(u"Valeurs incorrectes!"_s);
+            cliquer(fenetre, u"cmdok"_s);
+            QCOMPARE(focus(), u"sumedit"_s);
+            taper(u"5"_s);
+            touche(Qt::Key_Return);
+            QVERIFY(!fenetre.isVisible());
+        });
+        cliquer(*entetes, u"cmdmod"_s);
+        QCOMPARE(base().RsEnteteDas.montant(u"sum_annuel"), Currency::deEntier(5));
+
+        m_dialogue.attendreConfirmation(u"Confirmez la suppression !"_s, true, u"Confirmation"_s);
+        cliquer(*entetes, u"cmdsup"_s);
+        QVERIFY(!champ(*entetes, u"cmdsup"_s)->isEnabled() && !champ(*entetes, u"cmddetail"_s)->isEnabled());
+    }
+
+    /// The lines list follows the header, and closes with the last one.
+    void lignesSuiventEntete()
+    {
+        m_donnees->entete(1);
+        m_donnees->ligne(BaseDas::numero(1), 1, {}, 1);
+        m_donnees->ligne(BaseDas::numero(12), 1, {}, 1);
+        m_donnees->entete(2);
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        base().RsEnteteDas.allerA(0);
+        QPointer<frmlndas> lignes = ouvrirLignes(*entetes);
+        QCOMPARE(base().RsLigneDas.nombre(), 2);
+        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :"_s); // the employee is gone
+        champ(*lignes, u"num_salarieedit"_s)->setFocus();
+        taper(BaseDas::numero(12));
+        touche(Qt::Key_Return);
+        QCOMPARE(base().RsLigneDas.nombre(), 1);
+        cliquer(*lignes, u"cmdend"_s);
+        QCOMPARE(base().RsLigneDas.nombre(), 2);
+        base().RsEnteteDas.allerA(1);
+        QCOMPARE(base().RsLigneDas.nombre(), 0);
+        QCOMPARE(etiquette(*lignes, u"LabType"_s), u"DAS Complémentaire"_s);
+        QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled());
+        base().RsEnteteDas.supprimer();
+        QCOMPARE(base().RsLigneDas.nombre(), 2);
+        base().RsEnteteDas.supprimer();
+        QTest::qWait(0);
+        QVERIFY(!lignes);
+    }
+
+    void modification()
+    {
+        m_donnees->ajouter(BaseDas::numero(1), 1, {});
+        m_donnees->entete();
+        m_donnees->ligne(BaseDas::numero(1));
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        frmlndas *lignes = ouvrirLignes(*entetes);
+        dansLaFenetre([&](QWidget &fenetre) {
+            QCOMPARE(fenetre.objectName(), u"frm_modif_lndas"_s);
+            QCOMPARE(focus(), u"sal_annueledit"_s);
+            QCOMPARE(etiquette(fenetre, u"LabNumero"_s), BaseDas::numero(1));
+            auto *entree = champ<QRadioButton>(fenetre, u"EOption"_s);
+            QVERIFY(entree->isChecked());
+            m_dialogue.attendreAvertissement(u"Date incorrecte !"_s);
+            cliquer(fenetre, u"cmdok"_s);
+            QCOMPARE(focus(), u"mskdate"_s);
+            // A line without a movement is changed once its option is off.
+            cliquer(fenetre, u"SOption"_s);
+            QVERIFY(!entree->isChecked());
+            cliquer(fenetre, u"SOption"_s);
+            champ(fenetre, u"sal_annueledit"_s)->setFocus();
+            champ<QLineEdit>(fenetre, u"sal_annueledit"_s)->selectAll();
+            taper(u"12"_s);
+            m_dialogue.attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+            m_dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
+            cliquer(fenetre, u"cmdok"_s);
+            QVERIFY(!fenetre.isVisible());
+        });
+        QTest::keyClick(champ(*lignes, u"DataGrid1"_s), Qt::Key_Return);
+        QCOMPARE(texte(*entetes, u"calcsumEdit"_s), u"12.00"_s);
+
+        m_dialogue.attendreConfirmation(u"Confirmez la suppression de cette ligne DAS ?"_s, true,
+                                        u"Suppression"_s);
+        QTest::keyClick(champ(*lignes, u"DataGrid1"_s), Qt::Key_Delete);
+        QCOMPARE(texte(*entetes, u"calcsumEdit"_s) + u'|' + texte(*entetes, u"calcsalEdit"_s), u".00|0"_s);
+        QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled() && !champ(*lignes, u"cmdsup"_s)->isEnabled());
+    }
+
+    void champsDeLigne()
+    {
+        m_donnees->entete();
+        m_donnees->ajouter(BaseDas::numero(1), 1);
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        frmlndas *lignes = ouvrirLignes(*entetes);
+        dansLaFenetre([&](QWidget &saisie) {
+            m_dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est incorrecte "_s);
+            taper(u"8823450001"_s);
+            touche(Qt::Key_Return);
+            taper(u"00"_s);
+            touche(Qt::Key_Return);
+            QCOMPARE(focus(), u"num_saledit"_s);
+            QVERIFY(m_dialogue.acheve());
+
+            champ(saisie, u"mskdate"_s)->setFocus();
+            touche(Qt::Key_Home);
+            taper(u"31022024"_s);
+            m_dialogue.attendreAvertissement(u"Veuillez saisir une date correcte SVP"_s);
+            touche(Qt::Key_Return);
+            QCOMPARE(focus(), u"mskdate"_s);
+            QVERIFY(m_dialogue.acheve());
+
+            auto *duree = champ<ctrlDuree>(saisie, u"nbj_travailctrl"_s);
+            for (const auto &[saisi, nombre, unite] :
+                 {std::tuple{u"12m"_s, qint64{12}, u'M'},
+                  {u"H-7"_s, qint64{-7}, u'H'},
+                  {u"j1x2.3"_s, qint64{123}, u'J'},
+                  {u"99999999999999999999"_s, std::numeric_limits<qint64>::max(), u'J'}}) {
+                champ<QLineEdit>(*duree, u"nombre"_s)->clear();
+                QTest::keyClicks(champ(*duree, u"nombre"_s), saisi);
+                QCOMPARE(duree->nombre(), nombre);
+                QCOMPARE(duree->unite(), QChar(unite));
+            }
+        });
+        cliquer(*lignes, u"cmdajt"_s);
+    }
+};
+
+QTEST_MAIN(TestEcransDas)
+#include "test_ecrans_das.moc"
