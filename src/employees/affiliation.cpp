@@ -15,7 +15,7 @@ namespace {
 
 using Issue = std::optional<Refus>;
 
-constexpr Refus sansFocus{};
+const Refus sansFocus;
 
 QString numeroComplet(const FicheSalarie &fiche) { return Trim(fiche.num_salmask) + fiche.clemask; }
 
@@ -100,7 +100,7 @@ private:
 
     Issue bancaire()
     {
-        constexpr Refus surBancaire{u"num_cpt_bancedit"};
+        const Refus surBancaire{u"num_cpt_bancedit", {}};
         if (m_banc.contains(u'_'))
             return refuser(difference::compteIncomplet[m_ecran], surBancaire);
         if (m_banc == CompteBlanc)
@@ -134,7 +134,7 @@ private:
 
     Issue ccp()
     {
-        constexpr Refus surCcp{u"num_cpt_ccpedit"};
+        const Refus surCcp{u"num_cpt_ccpedit", {}};
         const QStringView compte = Trim(m_ccp);
         if (compte.isEmpty())
             return {};

@@ -14,7 +14,7 @@ namespace {
 
 using Issue = std::optional<Refus>;
 
-constexpr Refus sansFocus{};
+const Refus sansFocus;
 
 /// One pass over one record.
 class Controle
@@ -90,7 +90,7 @@ Issue Controle::numeroBlanc()
 Issue Controle::numero()
 {
     const QStringView chiffres = Trim(m_fiche.num_salmask);
-    constexpr Refus surNumero{u"num_salmask"};
+    const Refus surNumero{u"num_salmask", {}};
     if (chiffres.size() != 10)
         return arreter(u"la taille du numéro SS, sans la clés de control  est égal à 10!"_s, surNumero);
     if (chiffres.first(2) != QStringView(m_fiche.mskdate).right(2)) {
@@ -132,7 +132,7 @@ Issue Controle::national()
                        sansFocus);
     }
     if (m_fiche.CmbCommune.isEmpty())
-        return arreter(u"Veuillez sélectionner la commune de naissance SVP!"_s, Refus{u"CmbCommune"});
+        return arreter(u"Veuillez sélectionner la commune de naissance SVP!"_s, Refus{u"CmbCommune", {}});
     return {};
 }
 
@@ -188,28 +188,28 @@ Issue Controle::personne()
 {
     if (Trim(m_fiche.profesedit).size() < 5) {
         return arreter(u"la taille autorisée pour la fonction est de 5 caractères au minimum !"_s,
-                       Refus{u"profesedit"});
+                       Refus{u"profesedit", {}});
     }
     // A missing first name is told with the words of the surname: that is required.
     const QString nomAbsent = u"Veuillez saisir le nom de l'employé SVP !"_s;
     if (Trim(m_fiche.nomedit).isEmpty())
-        return arreter(nomAbsent, Refus{u"nomedit"});
+        return arreter(nomAbsent, Refus{u"nomedit", {}});
     if (!SansChiffre(m_fiche.nomedit)) {
         return arreter(u"le nom de l'employé ne peut contenir que des caractères alphabétiques !"_s,
-                       Refus{u"nomedit"});
+                       Refus{u"nomedit", {}});
     }
     if (Trim(m_fiche.prenomedit).isEmpty())
-        return arreter(nomAbsent, Refus{u"prenomedit"});
+        return arreter(nomAbsent, Refus{u"prenomedit", {}});
     if (!SansChiffre(m_fiche.prenomedit)) {
         return arreter(u"le prénom de l'employé ne peut contenir que des caractères alphabétiques !"_s,
-                       Refus{u"prenomedit"});
+                       Refus{u"prenomedit", {}});
     }
     return {};
 }
 
 Issue Controle::naissance()
 {
-    constexpr Refus surDate{u"mskdate"};
+    const Refus surDate{u"mskdate", {}};
     const std::optional<QDate> jour = dateDe(m_fiche.mskdate);
     if (!jour)
         return arreter(u"Veuillez Saisir une Date de naissance Correcte SVP!!!"_s, surDate);
@@ -249,7 +249,7 @@ Issue Controle::coordonnees()
     if (Trim(m_fiche.adredit).size() < 15)
         m_liste += u"Le champ adresse doit contenir 15 caractères au minimum !"_s;
     if (m_fiche.CmbSexe < 0)
-        return arreter(u"Veuillez indiquer le sexe de ce salarié SVP!"_s, Refus{u"CmbSexe"});
+        return arreter(u"Veuillez indiquer le sexe de ce salarié SVP!"_s, Refus{u"CmbSexe", {}});
     // Any address counts as badly formed, and the clerk passes by his accord: that is required.
     if (!Trim(m_fiche.TxtEmail).isEmpty())
         m_liste += u"Format du mail incorrecte !"_s;

@@ -2,20 +2,12 @@
 
 #include "employees/differencesaffiliation.h"
 #include "employees/fichesalarie.h"
+#include "rules/refus.h"
 
 #include <optional>
 
 class Connexion;
 class Dialogue;
-
-/// Why nothing is written: the clerk was told. The focus goes to the control of that name, and stays where it
-/// is when the name is empty.
-struct Refus
-{
-    QStringView champ;
-
-    friend bool operator==(const Refus &, const Refus &) = default;
-};
 
 /// The control of an employee's record, in the order of its rules. A rule either stops, or is collected with
 /// others into one list, behind which the clerk may save all the same.

@@ -1,5 +1,7 @@
 #include "screens/focus.h"
 
+#include "rules/erreurs.h"
+#include "rules/refus.h"
 #include "screens/dernierrecours.h"
 #include "screens/feuille.h"
 
@@ -11,6 +13,8 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -63,6 +67,18 @@ void reprendreSaisie(QWidget &champ)
         texte = liste->lineEdit();
     if (texte)
         texte->selectAll();
+}
+
+void reprendreSaisie(QWidget &feuille, const Refus &refus)
+{
+    if (refus.controle.isEmpty())
+        return;
+    auto *champ = feuille.findChild<QWidget *>(refus.controle.toString());
+    if (!champ) {
+        throw ErreurBase(u"La fenêtre « %1 » n'a pas de champ « %2 »."_s.arg(feuille.objectName(),
+                                                                             refus.controle.toString()));
+    }
+    reprendreSaisie(*champ);
 }
 
 void boutonsParEntree(QWidget &feuille)

@@ -6,9 +6,13 @@
 
 class DernierRecours;
 class QAbstractButton;
+struct Refus;
 
 /// Gives the focus back to a refused field, with its text selected.
 void reprendreSaisie(QWidget &champ);
+/// The same for the control that a refusal names, if it names one.
+/// @throws ErreurBase when the screen has no control of that name, which is a fault of the program
+void reprendreSaisie(QWidget &feuille, const Refus &refus);
 
 /// Lets Enter press the button that has the focus, as in a dialog.
 void boutonsParEntree(QWidget &feuille);

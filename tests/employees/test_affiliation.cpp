@@ -390,7 +390,7 @@ private slots:
         etranger.num_cpt_ccpedit = u" "_s;
         dialogue.attendreAvertissement(
             u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, u"control de clés SS"_s);
-        QVERIFY(CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask"});
+        QVERIFY(CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}});
         etranger.num_salmask = u"8800000000"_s;
         etranger.clemask = CleSS(etranger.num_salmask);
         dialogue.attendreInformation(u"Ce salarié ne possède pas de numéros de compte CCP ou bancaire"_s);

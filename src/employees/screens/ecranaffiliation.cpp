@@ -269,6 +269,6 @@ void EcranAffiliation::valider()
 {
     FicheSalarie fiche = lire();
     const std::optional<Refus> refus = enregistrer(fiche);
-    if (refus && !refus->champ.isEmpty())
-        reprendreSaisie(*findChild<QWidget *>(refus->champ.toString()));
+    if (refus)
+        reprendreSaisie(*this, *refus);
 }
