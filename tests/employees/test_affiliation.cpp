@@ -330,7 +330,7 @@ private slots:
             QVERIFY(dialogue.acheve());
             QCOMPARE(!refus.has_value(), passe);
             if (refus)
-                QCOMPARE(refus->champ.toString(), champ);
+                QCOMPARE(refus->controle.toString(), champ);
         }
     }
 
@@ -390,7 +390,7 @@ private slots:
         etranger.num_cpt_ccpedit = u" "_s;
         dialogue.attendreAvertissement(
             u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, u"control de clés SS"_s);
-        QVERIFY(CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}});
+        QVERIFY((CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}}));
         etranger.num_salmask = u"8800000000"_s;
         etranger.clemask = CleSS(etranger.num_salmask);
         dialogue.attendreInformation(u"Ce salarié ne possède pas de numéros de compte CCP ou bancaire"_s);
@@ -558,7 +558,7 @@ private slots:
             QCOMPARE(refus.has_value(), refuse);
             QCOMPARE(note.termine, refuse ? 0 : 1);
             if (refuse) {
-                QCOMPARE(refus->champ.toString(), issue.mid(6));
+                QCOMPARE(refus->controle.toString(), issue.mid(6));
                 QCOMPARE(donnees.lignes(u"SELECT * FROM salarie"_s), avant);
                 QCOMPARE(note.montrees.last(), fiche); // what was normalised is seen
             } else {
