@@ -3,8 +3,10 @@
 #include "das/genredas.h"
 #include "declarations/declaration.h"
 #include "employees/fichesalarie.h"
+#include "rules/calendrier.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/identite.h"
 #include "rules/saisie.h"
 #include "rules/texte.h"
@@ -16,8 +18,6 @@ namespace {
 
 constexpr qsizetype largeurNumero = 12;
 constexpr double tauxMinimal = 90.0;
-constexpr qint64 derniereNationalite = 246;
-constexpr qint64 nationaliteNationale = 4;
 
 /// The places of the columns in the query of the lines.
 enum Colonne {
@@ -117,9 +117,9 @@ private:
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP ");
         const QDate entree = LireDate(ligne.texte(DateES));
         const int annee = m_cle.periode.toInt();
-        if (entree < QDate(annee, 6, 1))
+        if (entree < limiteSansNumero(annee))
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP");
-        if (entree >= QDate(annee, 7, 1))
+        if (entree > finCampagne(annee))
             return refuser(ligne, u" Date d'entrée incorrecte , veuillez la modifier SVP");
         m_dialogue.informer(phrase(ligne,
                                    u" n'est pas valide, il sera pris en charge , mais vous devez  vous "
@@ -141,7 +141,8 @@ private:
             return false;
         }
         const double numero = Val(code);
-        if (numero < 1 || numero > derniereNationalite || numero == nationaliteNationale) {
+        if (numero < fonds::PremiereNationalite || numero > fonds::DerniereNationalite ||
+            numero == fonds::NationaliteNationale) {
             m_dialogue.avertir(u"Code nationalité incorrect pour le salarié N°  :  "_s + qui());
             return false;
         }

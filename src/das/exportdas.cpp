@@ -5,6 +5,7 @@
 #include "declarations/declaration.h"
 #include "declarations/exportdeclaration.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/texte.h"
 #include "storage/base.h"
 
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView Marque = u"DAS KORVANDEL VER 3.0";
 constexpr QStringView NinBlanc = u"000000000000000000";
 
 void sexe(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
@@ -87,7 +87,7 @@ bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
 void EcrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    EcrireLigne(fichier, Marque);
+    EcrireLigne(fichier, fonds::MarqueDas);
     const QString ligneEntete = cle.employeur + u';' + cle.periode + u';' + QString::number(cle.type) + u';' +
                                 entete.montant(u"sum_annuel").texte(SepAutre) + u';' +
                                 QString::number(entete.entier(u"total_salarie")) + u';';

@@ -2,8 +2,10 @@
 
 #include "declarations/lignes.h"
 #include "employees/fichesalarie.h"
+#include "rules/calendrier.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/identite.h"
 #include "rules/texte.h"
 
@@ -66,28 +68,16 @@ const Differences &differencesModification()
     return modification;
 }
 
-qint64 dureeMaximale(QChar unite)
-{
-    switch (unite.unicode()) {
-    case u'M':
-        return 12;
-    case u'H':
-        return 2512;
-    default:
-        return 314;
-    }
-}
-
-/// The time worked against the calendar, in hours of a day of eight; a month is 26 days.
+/// The time worked against the calendar, in hours; a month is 26 days.
 qint64 heures(const Duree &duree)
 {
     switch (duree.unite.unicode()) {
     case u'M':
-        return duree.nombre * 26 * 8;
+        return duree.nombre * 26 * fonds::HeuresParJour;
     case u'H':
         return duree.nombre;
     default:
-        return duree.nombre * 8;
+        return duree.nombre * fonds::HeuresParJour;
     }
 }
 
@@ -122,14 +112,14 @@ public:
             return refuser(dateChamp, u"Vous avez rempli le champ date sans indiquer s'il s'agit d'une date "
                                       "d'entrée ou de sortie!"_s);
         }
-        if (option && *date >= finDeCampagne())
+        if (option && *date > finCampagne(m_annee))
             return refuser(dateChamp, u"La date est superieure à l'année de compagne!"_s);
 
         const Duree &duree = m_fiche.nbj_travailctrl;
         if (duree.nombre < m_differences.dureeMinimale) {
             return refuser(dureeChamp, u"Veuillez saisir une valeur correcte pour la durée de travail SVP"_s);
         }
-        if (duree.nombre > dureeMaximale(duree.unite))
+        if (duree.nombre > fonds::dureeMaximale(duree.unite))
             return refuser(dureeChamp, u"Durée de travail superieure au maximum autorisé!"_s);
 
         for (const Etape etape : m_differences.apresLesMaxima) {
@@ -147,9 +137,6 @@ private:
         m_dialogue.avertir(texte);
         return champ;
     }
-
-    /// The first day behind the campaign, which closes on 30 June.
-    QDate finDeCampagne() const { return {m_annee, 7, 1}; }
 
     Refus passer(Etape etape)
     {
@@ -179,8 +166,8 @@ private:
             return {};
         const QDate date = LireDate(m_fiche.mskdate);
         const qint64 jours =
-            m_fiche.SOption ? QDate(m_annee - 1, 7, 1).daysTo(date) : date.daysTo(finDeCampagne());
-        if (jours * 8 >= heures(m_fiche.nbj_travailctrl))
+            m_fiche.SOption ? debutCampagne(m_annee).daysTo(date) : date.daysTo(finCampagne(m_annee)) + 1;
+        if (jours * fonds::HeuresParJour >= heures(m_fiche.nbj_travailctrl))
             return {};
         return refuser(dateChamp, u"Date entrée ou durée travaillée erronée, veuillez rectifier SVP!"_s);
     }

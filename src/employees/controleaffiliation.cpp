@@ -2,6 +2,7 @@
 
 #include "rules/date.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/identite.h"
 #include "rules/nombre.h"
 #include "rules/saisie.h"
@@ -219,7 +220,7 @@ Issue Controle::naissance()
         return arreter(u"Salarié de moins de 16 ans, veuillez saisir une date de naissance valide SVP"_s,
                        surDate);
     }
-    if (age > 85) {
+    if (age > fonds::AgeMaximal) {
         return arreter(
             u" Cette Date de Naissance est trop Ancienne, Veuillez Saisir une Date Valide SVP!!!"_s, surDate);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "rules/identite.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,8 +11,7 @@ class Connexion;
 class Dialogue;
 class Enregistrement;
 
-/// The number of an employee who has none, and its ten digits without the key.
-inline constexpr QStringView NumeroBlanc = u"000000000000";
+/// The ten digits of NumeroBlanc, without the key.
 inline constexpr QStringView ChiffresBlancs = u"0000000000";
 /// A bank account that nobody gave.
 inline constexpr QStringView CompteBlanc = u"00000000000000000000";

@@ -3,6 +3,7 @@
 #include "employees/fichesalarie.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
 #include "rules/texte.h"
 #include "storage/base.h"
@@ -14,8 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView marque = u"KORVANDEL SALARIE VER 1.0";
 
 /// A field of a line: where it stands, from 0, and the column that it fills.
 struct ChampFichier
@@ -128,7 +127,7 @@ ImportSalaries ImporterSalaries(Base &base, Dialogue &dialogue, const SuiviImpor
         QFile fichier(chemin);
         ouvrir(fichier, chemin);
         LecteurLignes lecteur(fichier);
-        if (lireLigne(lecteur) != marque) {
+        if (lireLigne(lecteur) != fonds::MarqueSalaries) {
             dialogue.avertir(u"Fichier incorrect! Importation échouée!!"_s);
             return {};
         }

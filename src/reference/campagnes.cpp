@@ -1,6 +1,7 @@
 #include "reference/campagnes.h"
 
 #include "reference/refusajout.h"
+#include "rules/calendrier.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
 #include "rules/texte.h"
@@ -17,7 +18,10 @@ constexpr qsizetype chiffresAnnee = 4;
 bool estAnnee(const QString &texte) { return EstNumerique(texte) && Trim(texte).size() == chiffresAnnee; }
 
 /// "du 01/07/2020 au 30/06/2021" for 2021.
-QString compagne(qint64 annee) { return u"du 01/07/%1 au 30/06/%2"_s.arg(annee - 1).arg(annee); }
+QString compagne(int annee)
+{
+    return u"du "_s + TexteDate(debutCampagne(annee)) + u" au "_s + TexteDate(finCampagne(annee));
+}
 
 } // namespace
 
@@ -39,7 +43,7 @@ bool AjouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
         return refuser(u"Veuillez selectionner une année à ajouter"_s);
     if (!estAnnee(texte))
         return refuser(u"Saisissez une année correcte."_s);
-    const auto annee = static_cast<qint64>(LireNombre(texte));
+    const auto annee = static_cast<int>(LireNombre(texte));
     if (annee < premiereAnnee || annee > Aujourdhui().year()) {
         return refuser(u"Année non conforme!\n"
                        "Saisissez une année superieure à 1997 et inferieure ou égale à l'année en cours."_s);

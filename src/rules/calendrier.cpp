@@ -23,6 +23,12 @@ constexpr Ligne lignes[] = {
 
 } // namespace
 
+QDate debutCampagne(int annee) { return {annee - 1, 7, 1}; }
+
+QDate finCampagne(int annee) { return {annee, 6, 30}; }
+
+QDate limiteSansNumero(int annee) { return {annee, 6, 1}; }
+
 void BornesPeriode(QStringView code, BornesDePeriode &bornes)
 {
     const QStringView annee = code.first(std::min<qsizetype>(code.size(), 4));

@@ -4,6 +4,9 @@
 
 class Dialogue;
 
+/// The number of an employee who has none.
+inline constexpr QStringView NumeroBlanc = u"000000000000";
+
 /// Keys and forms of the numbers that identify persons, employers and accounts.
 
 /// Key of a social-security or employer number: 99 less the sum of its digits, those in odd positions twice.

@@ -1,5 +1,6 @@
 #include "validators/formats.h"
 
+#include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
 #include "validators/marque.h"
 #include "validators/validateurdas.h"
@@ -18,10 +19,10 @@ struct Marque
 };
 
 constexpr Marque marques[] = {
-    {ValidateurDas::Marque, Format::Das},
-    {u"DAC NOMINATIVE KORVANDEL VER 1.0", Format::Dac},
-    {u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 1.0", Format::Ci},
-    {u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 2.0", Format::Ci},
+    {fonds::MarqueDas, Format::Das},
+    {fonds::MarqueDac, Format::Dac},
+    {fonds::MarqueCi1, Format::Ci},
+    {fonds::MarqueCi, Format::Ci},
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "rules/date.h"
 #include "rules/dialogue.h"
 #include "rules/erreurs.h"
+#include "rules/fonds.h"
 #include "rules/identite.h"
 #include "rules/nombre.h"
 #include "rules/saisie.h"
@@ -23,7 +24,6 @@ constexpr QStringView FormatMontant = u"## ### ### ### ###.00";
 constexpr QStringView NonNumerique = u" est Non Numérique";
 constexpr QStringView NonValide = u" est Non Valide";
 constexpr QStringView DateNeutre = u"01/01/1900";
-constexpr QStringView SansNumero = u"000000000000";
 
 QStringView debut(QStringView texte, qsizetype nombre) { return texte.first(std::min(texte.size(), nombre)); }
 
@@ -79,11 +79,11 @@ void ValidateurDas::ViderEnteteDas() { m_affiche = {}; }
 
 bool ValidateurDas::premiereLigne(const QString &marque)
 {
-    if (marque == Marque)
+    if (marque == fonds::MarqueDas)
         return true;
-    dialogue().afficher(
-        u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!"_s,
-        titreInfo());
+    dialogue().afficher(u"Erreur Première Ligne différente de   "_s + fonds::MarqueDas +
+                            u"   \nVeuillez corriger SVP !!!"_s,
+                        titreInfo());
     // The anomaly message follows as well: that is required.
     throw ErreurConversion(u"La première ligne n'est pas celle d'une DAS."_s);
 }
@@ -279,7 +279,7 @@ void ValidateurDas::ctrlNumeroSalarie()
 {
     const QStringView numero = valeur(NumSalarie);
     const QStringView nomChamp = label(NumSalarie);
-    if (numero == SansNumero) {
+    if (numero == NumeroBlanc) {
         const bool tolere = SsManquantTolere();
         signaler(tolere ? Classe::SansIncidence : Classe::RejetDur,
                  prefixeNoms() + u"  N° SS non fournie !"_s, nomChamp + u" / N° SS Incorrecte !"_s);
@@ -384,7 +384,7 @@ void ValidateurDas::CtrlCode(Champ champ)
     }
 }
 
-/// The nationality that a foreigner must have, one of the 246 other than the national 4.
+/// The nationality that a foreigner must have, one of the list other than the national one.
 void ValidateurDas::ctrlNationalite()
 {
     if (national()) {
@@ -392,7 +392,8 @@ void ValidateurDas::ctrlNationalite()
         return;
     }
     const double code = Val(valeur(Nationalite));
-    if (code < 1 || code > 246 || code == 4) {
+    if (code < fonds::PremiereNationalite || code > fonds::DerniereNationalite ||
+        code == fonds::NationaliteNationale) {
         const QStringView nomChamp = label(Etranger);
         signaler(Classe::RejetDur,
                  prefixeNoms() + u"  -  "_s + nomChamp + u" = "_s + valeur(Etranger) +
@@ -405,8 +406,7 @@ void ValidateurDas::ctrlNationalite()
 void ValidateurDas::ctrlTypeDuree()
 {
     const QStringView unite = valeur(TypeDuree);
-    const double maximum = est(unite, u'M') ? 12 : est(unite, u'J') ? 314 : 2512;
-    if (m_duree < 0 || m_duree > maximum) {
+    if (m_duree < 0 || m_duree > fonds::dureeMaximale(unite[0])) {
         const QString mots = u" pour une Durée Travaillée = "_s + valeur(DureeTravaillee) +
                              u" Se Trouvant en dehors de l'Intervalle Autorisé"_s;
         signalerValeur(Classe::RejetDur, label(TypeDuree), unite, mots);
@@ -462,7 +462,7 @@ void ValidateurDas::CtrlDate(Champ champ)
     const double annee = Val(fin(texte, 4));
     if (annee > static_cast<double>(m_annee - 16))
         signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de moins de 15 ans");
-    else if (annee < static_cast<double>(m_annee - 85))
+    else if (annee < static_cast<double>(m_annee - fonds::AgeMaximal))
         signalerValeur(Classe::RejetDur, label(champ), texte, NonValide, u" age de plus de 85 ans");
 }
 
@@ -549,7 +549,7 @@ bool ValidateurDas::CtrlDureeDates()
     if (est(unite, u'J'))
         return jours >= m_duree;
     if (est(unite, u'H'))
-        return jours * 8 >= m_duree;
+        return jours * fonds::HeuresParJour >= m_duree;
     return true;
 }
 

@@ -11,7 +11,6 @@
 class ValidateurDas : public Validateur
 {
 public:
-    static constexpr QStringView Marque = u"DAS KORVANDEL VER 3.0";
     static constexpr int NombreChamps = 31;
 
     QList<Libelle> libelles() const override;
