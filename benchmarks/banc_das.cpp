@@ -50,7 +50,7 @@ BaseDas &declaration(int64_t lignes)
 
 CleDeclaration cleDe(BaseDas &essai) { return cleEntete(genreDas(), essai.base.RsEnteteDas.courant()); }
 
-void OuvrirLignes(benchmark::State &etat)
+void ouvrirLignes(benchmark::State &etat)
 {
     BaseDas &essai = declaration(etat.range(0));
     LignesDeclaration lignes(essai.base, genreDas(), cleDe(essai));
@@ -58,7 +58,7 @@ void OuvrirLignes(benchmark::State &etat)
         lignes.montrerToutes();
 }
 
-void AjouterLigne(benchmark::State &etat)
+void ajouterLigne(benchmark::State &etat)
 {
     BaseDas &essai = declaration(etat.range(0));
     LignesDeclaration lignes(essai.base, genreDas(), cleDe(essai));
@@ -75,7 +75,7 @@ void AjouterLigne(benchmark::State &etat)
                                 {++cpt_z});
         fiche.cpt_z = cpt_z;
         etat.ResumeTiming();
-        if (AjouterLigneDas(lignes, fiche, muet))
+        if (ajouterLigneDas(lignes, fiche, muet))
             etat.SkipWithError("refused");
     }
     essai.base.Cnx.executer(u"DELETE FROM ligne_das WHERE num_salarie = '000000000000'"_s);
@@ -83,7 +83,7 @@ void AjouterLigne(benchmark::State &etat)
     essai.accorder();
 }
 
-void Controler(benchmark::State &etat)
+void controler(benchmark::State &etat)
 {
     BaseDas &essai = declaration(etat.range(0));
     Muet muet;
@@ -93,27 +93,27 @@ void Controler(benchmark::State &etat)
     }
 }
 
-void EcrireFichier(benchmark::State &etat)
+void ecrireFichier(benchmark::State &etat)
 {
     BaseDas &essai = declaration(etat.range(0));
     const QTemporaryDir dossier;
     Muet muet(dossier.filePath(u"das.txt"_s));
     for (auto _ : etat) {
-        if (!ExporterDas(essai.base, false, muet))
+        if (!exporterDas(essai.base, false, muet))
             etat.SkipWithError("refused");
     }
 }
 
 constexpr int plusGrande = 100'000;
 
-BENCHMARK(OuvrirLignes)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
-BENCHMARK(AjouterLigne)
+BENCHMARK(ouvrirLignes)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(ajouterLigne)
     ->RangeMultiplier(10)
     ->Range(1000, plusGrande)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(50);
-BENCHMARK(Controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
-BENCHMARK(EcrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(ecrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

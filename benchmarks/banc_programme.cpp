@@ -36,7 +36,7 @@ void ouvrir(Base &base, const QString &foyer, int salaries)
     QDir().mkpath(foyer);
     qputenv("HOME", foyer.toLocal8Bit());
     DialogueMuet dialogue;
-    Demarrer(base, dialogue);
+    demarrer(base, dialogue);
     if (base.RsSalarie.nombre() == salaries)
         return;
     Transaction transaction(base.Cnx);

@@ -108,14 +108,14 @@ private:
     }
 
     /// A number that is not all digits has no key that could be right.
-    static bool cleJuste(QStringView numero) { return chiffresSeuls(numero) && CleSSJuste(numero); }
+    static bool cleJuste(QStringView numero) { return chiffresSeuls(numero) && cleSSJuste(numero); }
 
     /// Tolerated only for somebody who entered in the campaign's last month.
     bool sansNumero(const Enregistrement &ligne)
     {
         if (ligne.texte(TypeES) != u"E")
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP ");
-        const QDate entree = LireDate(ligne.texte(DateES));
+        const QDate entree = lireDate(ligne.texte(DateES));
         const int annee = m_cle.periode.toInt();
         if (entree < limiteSansNumero(annee))
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP");
@@ -154,7 +154,7 @@ private:
         const QString ccp = ligne.texte(CompteCCP);
         const QString bancaire = ligne.texte(CompteBancaire);
         QStringView compteCCP = ccp;
-        if (CtrlCompteCCP(compteCCP) || CompteBancaireValide(Trim(bancaire)))
+        if (CtrlCompteCCP(compteCCP) || compteBancaireValide(Trim(bancaire)))
             ++m_nationauxAvecCompte;
         ++m_nationaux;
     }
@@ -169,7 +169,7 @@ private:
             return true;
         m_dialogue.avertir(
             u"Votre fichier Présente un taux insuffisant de salariés avec un numéro de compte valide   :  "_s +
-            FormatMasque(taux, u"## ###.00") + u"   %, il sera refusé, veuillez le compéter SVP"_s);
+            formatMasque(taux, u"## ###.00") + u"   %, il sera refusé, veuillez le compéter SVP"_s);
         return false;
     }
 

@@ -84,22 +84,22 @@ bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
 
 } // namespace
 
-void EcrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
+void ecrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    EcrireLigne(fichier, fonds::MarqueDas);
+    ecrireLigne(fichier, fonds::MarqueDas);
     const QString ligneEntete = cle.employeur + u';' + cle.periode + u';' + QString::number(cle.type) + u';' +
                                 entete.montant(u"sum_annuel").texte(SepAutre) + u';' +
                                 QString::number(entete.entier(u"total_salarie")) + u';';
-    EcrireLigne(fichier, ligneEntete);
+    ecrireLigne(fichier, ligneEntete);
 
     Requete rangees =
         base.Cnx.lire(u"SELECT "_s + colonnesExport(champs) + lignesEtSalaries(base, genreDas(), cle),
                       lignesDe(genreDas(), cle).valeurs);
-    EcrireLignes(fichier, rangees, champs);
+    ecrireLignes(fichier, rangees, champs);
 }
 
-bool ExporterDas(Base &base, bool cheminFige, Dialogue &dialogue)
+bool exporterDas(Base &base, bool cheminFige, Dialogue &dialogue)
 {
     const Enregistrement entete = base.RsEnteteDas.courant();
     const CleDeclaration cle = cleEntete(genreDas(), entete);
@@ -113,11 +113,11 @@ bool ExporterDas(Base &base, bool cheminFige, Dialogue &dialogue)
             [&](QIODevice &fichier) {
                 // The lines list shows all lines of what is exported.
                 base.RsLigneDas.ouvrir(lignesDe(genreDas(), cle));
-                EcrireDas(base, entete, fichier);
+                ecrireDas(base, entete, fichier);
             },
         .succes = u"DAS exportée avec succès vers "_s,
         .echec = u"Une erreur s'est produite, le fichier n'a pas été totalement généré, veuillez rectifier "
                  "l'erreur SVP"_s,
     };
-    return Exporter(declaration, cheminFige, dialogue);
+    return exporter(declaration, cheminFige, dialogue);
 }

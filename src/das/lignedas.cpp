@@ -164,7 +164,7 @@ private:
     {
         if (!m_fiche.EOption && !m_fiche.SOption)
             return {};
-        const QDate date = LireDate(m_fiche.mskdate);
+        const QDate date = lireDate(m_fiche.mskdate);
         const qint64 jours =
             m_fiche.SOption ? debutCampagne(m_annee).daysTo(date) : date.daysTo(finCampagne(m_annee)) + 1;
         if (jours * fonds::HeuresParJour >= heures(m_fiche.nbj_travailctrl))
@@ -188,7 +188,7 @@ private:
             return {};
         const double parMois = static_cast<double>(m_montant.dixMilliemes()) / 10'000 / mois;
         const QString question = u"le salaire déclaré mensuel moyen est de : "_s +
-                                 FormatMasque(parMois, u"## ### ### ###.00") + m_differences.finDeQuestion;
+                                 formatMasque(parMois, u"## ### ### ###.00") + m_differences.finDeQuestion;
         if (m_dialogue.demander(question))
             return {};
         return montantChamp;
@@ -260,7 +260,7 @@ ModificationLigneDas modifierLigne(LignesDeclaration &lignes, const FicheLigneDa
 
 QString FicheLigneDas::numero() const { return Trim(num_saledit) + Trim(mskcle); }
 
-std::optional<RefusLigneDas> AjouterLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
+std::optional<RefusLigneDas> ajouterLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
                                              Dialogue &dialogue)
 {
     ControleLigneDas controle(differencesAjout(), fiche, anneeDe(lignes), dialogue);
@@ -283,7 +283,7 @@ std::optional<RefusLigneDas> AjouterLigneDas(LignesDeclaration &lignes, const Fi
     return {};
 }
 
-ModificationLigneDas ModifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
+ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
                                       Dialogue &dialogue)
 {
     try {
@@ -318,11 +318,11 @@ SalarieMontre salarieDe(const LignesDeclaration &lignes, const QString &numero, 
         return {};
     const QDate naissance = trouve.date(u"date_naiss");
     return {trouve.texte(u"nom"), trouve.texte(u"prenom"),
-            naissance.isValid() ? TexteDate(naissance) : QString(), trouve.texte(u"num_cpt_ccp"),
+            naissance.isValid() ? texteDate(naissance) : QString(), trouve.texte(u"num_cpt_ccp"),
             trouve.texte(u"num_cpt_banc")};
 }
 
-SaisieNumero CtrlNumeroLigneDas(const FicheLigneDas &fiche, Dialogue &dialogue)
+SaisieNumero ctrlNumeroLigneDas(const FicheLigneDas &fiche, Dialogue &dialogue)
 {
     if (fiche.num_saledit == ChiffresBlancs) {
         dialogue.avertir(u"Le numéro de sécurité sociale est à blanc, sélectionnez le salarié à partir de la "
@@ -336,7 +336,7 @@ SaisieNumero CtrlNumeroLigneDas(const FicheLigneDas &fiche, Dialogue &dialogue)
     return {.reprendre = true};
 }
 
-bool CtrlDateLigneDas(const QString &mskdate, Dialogue &dialogue)
+bool ctrlDateLigneDas(const QString &mskdate, Dialogue &dialogue)
 {
     if (mskdate == DateBlanche || EstDate(mskdate))
         return true;

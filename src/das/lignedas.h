@@ -52,7 +52,7 @@ struct RefusLigneDas
 };
 
 /// Checks and adds a line; the success is told. @return why nothing was written, or nothing
-std::optional<RefusLigneDas> AjouterLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
+std::optional<RefusLigneDas> ajouterLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
                                              Dialogue &dialogue);
 
 enum class IssueModification {
@@ -68,7 +68,7 @@ struct ModificationLigneDas
 };
 
 /// Checks and changes the current line; the success is told.
-ModificationLigneDas ModifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
+ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
                                       Dialogue &dialogue);
 
 /// The fields of the change screen, from the line.
@@ -92,10 +92,10 @@ struct SaisieNumero
     /// The focus goes back to the number.
     bool reprendre = false;
 };
-SaisieNumero CtrlNumeroLigneDas(const FicheLigneDas &fiche, Dialogue &dialogue);
+SaisieNumero ctrlNumeroLigneDas(const FicheLigneDas &fiche, Dialogue &dialogue);
 
 /// Leaving the date. @return whether it is blank or a date; it is told otherwise
-bool CtrlDateLigneDas(const QString &mskdate, Dialogue &dialogue);
+bool ctrlDateLigneDas(const QString &mskdate, Dialogue &dialogue);
 
 /// The number for the entry of an unknown employee: one of 5 to 9 characters gets blanks in front up to 10.
 QString numeroPourCreation(const QString &num_saledit);

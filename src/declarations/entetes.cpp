@@ -21,13 +21,13 @@ RefusEntete refuser(ChampEntete champ, const QString &texte, Dialogue &dialogue)
 /// The count as the whole number that its column takes: rounded half to even.
 qint64 effectifEntier(const QString &texte)
 {
-    const double arrondi = std::nearbyint(LireNombre(texte));
+    const double arrondi = std::nearbyint(lireNombre(texte));
     if (std::abs(arrondi) > std::numeric_limits<qint32>::max())
         throw ErreurConversion(u"« %1 » est trop grand pour un nombre de salariés."_s.arg(texte));
     return static_cast<qint64>(arrondi);
 }
 
-bool estNegatif(const QString &texte) { return LireNombre(texte) < 0; }
+bool estNegatif(const QString &texte) { return lireNombre(texte) < 0; }
 
 /// The number of the new declaration; nothing when it is refused.
 std::optional<qint64> nouveauType(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
@@ -58,7 +58,7 @@ std::optional<qint64> nouveauType(Base &base, const GenreDeclaration &genre, con
 
 bool estMontantSaisi(const QString &texte) { return EstNumerique(sansBlancs(texte)); }
 
-RefusEntete AjouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
+RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
                           Dialogue &dialogue)
 {
     using enum ChampEntete;
@@ -79,7 +79,7 @@ RefusEntete AjouterEntete(Base &base, const GenreDeclaration &genre, const Fiche
         return refuser(sumedit, textes.sommeIncorrecte, dialogue);
     if (!EstNumerique(effectif) || estNegatif(effectif))
         return refuser(total_salEdit, textes.effectifIncorrect, dialogue);
-    if ((LireNombre(somme) == 0) != (LireNombre(effectif) == 0))
+    if ((lireNombre(somme) == 0) != (lireNombre(effectif) == 0))
         return refuser(sumedit, u"Valeurs incorrectes !"_s, dialogue);
 
     (base.*genre.entetes)
@@ -92,13 +92,13 @@ RefusEntete AjouterEntete(Base &base, const GenreDeclaration &genre, const Fiche
     return {};
 }
 
-RefusEntete ModifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
+RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
                            const QString &effectif, Dialogue &dialogue)
 {
     const QString sommeNette = sansBlancs(somme);
     const QString effectifNet = sansBlancs(effectif);
-    const bool sommeBonne = EstNumerique(sommeNette) && LireNombre(sommeNette) > 0;
-    const bool effectifBon = EstNumerique(effectifNet) && LireNombre(effectifNet) >= 1;
+    const bool sommeBonne = EstNumerique(sommeNette) && lireNombre(sommeNette) > 0;
+    const bool effectifBon = EstNumerique(effectifNet) && lireNombre(effectifNet) >= 1;
     if (!sommeBonne || !effectifBon) {
         return refuser(sommeBonne ? ChampEntete::total_salEdit : ChampEntete::sumedit,
                        u"Valeurs incorrectes!"_s, dialogue);
@@ -109,7 +109,7 @@ RefusEntete ModifierEntete(Base &base, const GenreDeclaration &genre, const QStr
     return {};
 }
 
-bool SupprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
+bool supprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
 {
     Recordset &entetes = base.*genre.entetes;
     if (!dialogue.confirmer(genre.textes.supprimerEntete, u"Confirmation"_s))
@@ -124,7 +124,7 @@ bool SupprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialog
     return true;
 }
 
-bool SupprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
+bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
 {
     if (!dialogue.confirmer(u"Confirmez la suppression !"_s, u"Confirmation"_s))
         return false;

@@ -26,19 +26,19 @@ using RefusEntete = std::optional<ChampEntete>;
 /// Adds a header and makes it the current row. The first fault is told and stops. A complementary declaration
 /// gets the number above the highest one, 2 when there is none.
 /// @throws ErreurConversion for a figure too big for its column
-RefusEntete AjouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
+RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
                           Dialogue &dialogue);
 
 /// Writes the two declared figures into the current header. Unlike a new header's they can't be zero: this is
 /// meant.
-RefusEntete ModifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
+RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
                            const QString &effectif, Dialogue &dialogue);
 
 /// Asks, and deletes the current header if it has no lines. @return whether it is gone
-bool SupprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
+bool supprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
 
 /// Asks, and deletes the current header without a look at its lines, which stay behind: this is meant.
-bool SupprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
+bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
 
 /// Whether a typed figure is a number; blanks count for nothing.
 bool estMontantSaisi(const QString &texte);

@@ -81,7 +81,7 @@ constexpr QStringView finDeLigne = u"\r\n";
 
 } // namespace
 
-bool Exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue)
+bool exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue)
 {
     QString chemin;
     if (!cheminFige)
@@ -102,7 +102,7 @@ QString colonnesExport(std::span<const ChampExport> champs)
     return colonnes.join(u", ");
 }
 
-void EcrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs)
+void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs)
 {
     QString ligne;
     QString reporte;
@@ -122,7 +122,7 @@ void EcrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExp
     }
 }
 
-void EcrireLigne(QIODevice &fichier, QStringView ligne)
+void ecrireLigne(QIODevice &fichier, QStringView ligne)
 {
     ecrireOctets(fichier, encoder(ligne) + encoder(finDeLigne));
 }
@@ -142,7 +142,7 @@ void coupe(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
 void jour(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
 {
     texteRequis(rangee, colonne);
-    ligne += TexteDate(rangee.date(colonne));
+    ligne += texteDate(rangee.date(colonne));
 }
 
 void montant(QString &ligne, const Enregistrement &rangee, int colonne, QString &)

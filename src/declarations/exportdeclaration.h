@@ -32,7 +32,7 @@ struct ExportDeclaration
 /// there goes to the caller; where the clerk chooses the file, failures from the control on end here. This
 /// difference is meant.
 /// @return whether the file was written
-bool Exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue);
+bool exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue);
 
 /// Appends the text of one column to the line of a file.
 /// @param reporte the field as the line before had it, for a column that repeats it
@@ -49,10 +49,10 @@ struct ChampExport
 QString colonnesExport(std::span<const ChampExport> champs);
 
 /// Writes a line for every row of the query, whose columns are those of colonnesExport().
-void EcrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs);
+void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs);
 
 /// Writes a line in the code page with its end. @throws ErreurFichier
-void EcrireLigne(QIODevice &fichier, QStringView ligne);
+void ecrireLigne(QIODevice &fichier, QStringView ligne);
 
 // How fields are written. A Null that the first five meet is an ErreurConversion which names the column.
 

@@ -33,7 +33,7 @@ constexpr qint64 SalairesDUnTrimestre = 2'000'000;
 
 QString texte(const char16_t *chaine) { return QString::fromUtf16(chaine); }
 
-QString deuxDecimales(Currency montant) { return FormatMasque(montant, u"########0.00"); }
+QString deuxDecimales(Currency montant) { return formatMasque(montant, u"########0.00"); }
 
 template <typename T = QWidget>
 T *champ(const QWidget &ecran, const QString &nom)

@@ -228,7 +228,7 @@ Champs champsSalarie(Affiliation ecran, const FicheSalarie &fiche, qint64 cpt_z)
         {u"nom"_s, majuscules(fiche.nomedit)},
         {u"prenom"_s, majuscules(fiche.prenomedit)},
         {u"sf"_s, fiche.sfedit},
-        {u"date_naiss"_s, LireDate(fiche.mskdate)},
+        {u"date_naiss"_s, lireDate(fiche.mskdate)},
         {u"adresse"_s, adresseStockee(ecran, fiche.adredit)},
         {u"ville"_s, majuscules(fiche.villeEdit)},
         {u"c_postal"_s, fiche.c_postalEdit},
@@ -317,7 +317,7 @@ void revenirSur(Recordset &salaries, const AncienNumero &ancien)
 
 } // namespace
 
-std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
+std::optional<Refus> creerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
                                   const SuiviAffiliation &suivi)
 {
     constexpr auto creation = Affiliation::Creation;
@@ -331,7 +331,7 @@ std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dia
     }
     const qint64 cpt_z = fiche.blancCheck ? cptSuivant(base.Cnx) : 1;
 
-    MontrerTousSalaries(base.RsSalarie);
+    montrerTousSalaries(base.RsSalarie);
     if (Issue refus = completer(creation, fiche, base.Cnx, dialogue, suivi))
         return refus;
 
@@ -343,7 +343,7 @@ std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dia
     return {};
 }
 
-std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
+std::optional<Refus> modifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
                                      Dialogue &dialogue, const SuiviAffiliation &suivi)
 {
     constexpr auto modification = Affiliation::Modification;

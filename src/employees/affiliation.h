@@ -19,11 +19,11 @@ struct SuiviAffiliation
 /// Checks and adds an employee; on success the record holds the fields of the next entry. RsSalarie stands on
 /// the whole table then, on the new row, and after a refusal by the accounts too.
 /// @return why nothing was written, or nothing
-std::optional<Refus> CreerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
+std::optional<Refus> creerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
                                   const SuiviAffiliation &suivi);
 
 /// Checks and changes the employee of that number, in one transaction with the declaration lines that carry
 /// it when its ten digits change. A refused change of the number puts the old one back into the record.
 /// @throws ErreurBase when another program has changed or deleted the employee meanwhile
-std::optional<Refus> ModifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
+std::optional<Refus> modifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
                                      Dialogue &dialogue, const SuiviAffiliation &suivi);

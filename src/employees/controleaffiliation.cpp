@@ -215,7 +215,7 @@ Issue Controle::naissance()
     if (!jour)
         return arreter(u"Veuillez Saisir une Date de naissance Correcte SVP!!!"_s, surDate);
     // Calendar years alone: month and day of birth don't count.
-    const int age = Aujourdhui().year() - jour->year();
+    const int age = aujourdhui().year() - jour->year();
     if (age < 16) {
         return arreter(u"Salarié de moins de 16 ans, veuillez saisir une date de naissance valide SVP"_s,
                        surDate);

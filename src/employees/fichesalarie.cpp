@@ -93,7 +93,7 @@ FicheRemplie remplirFiche(const Enregistrement &ligne, Connexion &cnx)
     remplirMasque(fiche.MskNin, ligne.texte(u"NIN"));
     remplirMasque(fiche.MskNumActeNaiss, ligne.texte(u"NumActeNaiss"));
     if (!ligne.estNul(u"date_naiss"))
-        fiche.mskdate = TexteDate(ligne.date(u"date_naiss"));
+        fiche.mskdate = texteDate(ligne.date(u"date_naiss"));
     remplirZeros(fiche.MskNTel, ligne.texte(u"Telephone"));
     fiche.TxtPIN = ligne.texte(u"CinNumber");
     fiche.TxtEmail = ligne.texte(u"Email");

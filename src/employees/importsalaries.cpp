@@ -88,7 +88,7 @@ public:
         Valeurs valeurs;
         for (const ChampFichier &champ : champsSalarie) {
             const QStringView texte = couper(ligne, champ);
-            valeurs += champ.colonne == u"date_naiss" ? Valeur(LireDate(texte)) : Valeur(texte);
+            valeurs += champ.colonne == u"date_naiss" ? Valeur(lireDate(texte)) : Valeur(texte);
         }
         m_cnx.executer(m_sql, valeurs, m_colonnes);
         return true;
@@ -116,7 +116,7 @@ ImportSalaries importer(LecteurLignes &lecteur, Base &base, Dialogue &dialogue, 
 
 } // namespace
 
-ImportSalaries ImporterSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi)
+ImportSalaries importerSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi)
 {
     const QString chemin = dialogue.choisirFichier(u"Importation de salariés"_s,
                                                    u"Fichiers texte (*.txt);;Tous les fichiers (*)"_s);

@@ -29,4 +29,4 @@ struct SuiviImport
 /// Lets the clerk choose a file "KORVANDEL SALARIE VER 1.0" and adds its employer and the employees whose
 /// number the table lacks, in one transaction. Nothing is checked but the dates. Every failure but a wrong
 /// first line ends without a word and leaves the database as it was.
-ImportSalaries ImporterSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi);
+ImportSalaries importerSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi);

@@ -33,7 +33,7 @@ void stockerLignes(Connexion &cnx, LecteurLignes &lecteur, QString ligne)
 
 } // namespace
 
-bool ImporterNationalites(Base &base, Dialogue &dialogue)
+bool importerNationalites(Base &base, Dialogue &dialogue)
 {
     QFile fichier(cheminCountry());
     LecteurLignes lecteur(fichier);

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-bool ChercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView texte)
+bool chercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView texte)
 {
     const QStringView debut = Trim(texte);
     if (salaries.vide() || debut.isEmpty() || critere == CritereSalarie::Aucun)
@@ -15,7 +15,7 @@ bool ChercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView t
     return true;
 }
 
-void MontrerTousSalaries(Recordset &salaries)
+void montrerTousSalaries(Recordset &salaries)
 {
     const Enregistrement courant = salaries.courant();
     salaries.ouvrir();
@@ -25,7 +25,7 @@ void MontrerTousSalaries(Recordset &salaries)
     }
 }
 
-QString NationaliteSalarie(Connexion &cnx, QStringView numero)
+QString nationaliteSalarie(Connexion &cnx, QStringView numero)
 {
     const Enregistrement premiere = cnx.premiere(
         u"SELECT Libelle FROM Nationalite WHERE ID = (SELECT IdNat FROM salarie WHERE Num_Salarie = ? "
@@ -34,7 +34,7 @@ QString NationaliteSalarie(Connexion &cnx, QStringView numero)
     return premiere.estVide() ? QString() : Trim(premiere.texte(0)).toString();
 }
 
-void SupprimerSalarie(Base &base, Dialogue &dialogue)
+void supprimerSalarie(Base &base, Dialogue &dialogue)
 {
     const Enregistrement courant = base.RsSalarie.courant();
     if (courant.estVide())

@@ -11,15 +11,15 @@ enum class CritereSalarie { Aucun, Nom, Numero };
 
 /// Shows the employees whose name or number begins with the text, blanks around it dropped.
 /// @return false when nothing was done: the list shows no employee, or the text or the criterion is missing
-bool ChercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView texte);
+bool chercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView texte);
 
 /// Shows the whole table again, in its own order; the current row stays where it can.
-void MontrerTousSalaries(Recordset &salaries);
+void montrerTousSalaries(Recordset &salaries);
 
 /// The nationality of the employee of that number; empty when none is known. All employees without a number
 /// show that of the first of them: that is required.
-QString NationaliteSalarie(Connexion &cnx, QStringView numero);
+QString nationaliteSalarie(Connexion &cnx, QStringView numero);
 
 /// Asks, and deletes the current employee of RsSalarie. Lines of annual declarations alone protect him, those
 /// of the others stay behind.
-void SupprimerSalarie(Base &base, Dialogue &dialogue);
+void supprimerSalarie(Base &base, Dialogue &dialogue);

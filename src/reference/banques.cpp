@@ -81,7 +81,7 @@ Champs champs(const FicheBanque &fiche)
 
 } // namespace
 
-RefusBanque CreerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue)
+RefusBanque creerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue)
 {
     if (RefusBanque refus = ctrlNouvelleBanque(base, fiche, dialogue))
         return refus;
@@ -95,7 +95,7 @@ FicheBanque lireFicheBanque(const Enregistrement &ligne)
     return {ligne.texte(u"Code"), ligne.texte(u"Abreviat"), ligne.texte(u"Libelle")};
 }
 
-RefusBanque ModifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue)
+RefusBanque modifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue)
 {
     if (RefusBanque refus = ctrlBanqueModifiee(base, fiche, lue, dialogue))
         return refus;
@@ -104,7 +104,7 @@ RefusBanque ModifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lu
     return {};
 }
 
-bool SupprimerDepuisBanques(Base &base, Dialogue &dialogue)
+bool supprimerDepuisBanques(Base &base, Dialogue &dialogue)
 {
     // The same question and the same walk as in the employers' window, on the employers: this is meant.
     return confirmerSuppression(dialogue) && !base.RsBanque.vide() &&

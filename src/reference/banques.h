@@ -26,16 +26,16 @@ using RefusBanque = std::optional<ChampBanque>;
 /// Adds a bank and makes it the current row. The first fault is told and stops; the success is the screen's
 /// to tell.
 /// @throws ErreurBase for an abbreviation wider than its column, which is narrower than the field
-RefusBanque CreerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue);
+RefusBanque creerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue);
 
 FicheBanque lireFicheBanque(const Enregistrement &ligne);
 
 /// Writes the fields into the current bank.
 /// @param lue the fields as they were shown at first
-/// @throws ErreurBase as CreerBanque() does
-RefusBanque ModifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue);
+/// @throws ErreurBase as creerBanque() does
+RefusBanque modifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue);
 
 /// What the delete button of the banks' window does: it deletes the current employer, by the rules of
-/// SupprimerEmployeur(). This is meant; a bank can't be deleted.
+/// supprimerEmployeur(). This is meant; a bank can't be deleted.
 /// @return whether the employer is gone
-bool SupprimerDepuisBanques(Base &base, Dialogue &dialogue);
+bool supprimerDepuisBanques(Base &base, Dialogue &dialogue);

@@ -20,7 +20,7 @@ bool estAnnee(const QString &texte) { return EstNumerique(texte) && Trim(texte).
 /// "du 01/07/2020 au 30/06/2021" for 2021.
 QString compagne(int annee)
 {
-    return u"du "_s + TexteDate(debutCampagne(annee)) + u" au "_s + TexteDate(finCampagne(annee));
+    return u"du "_s + texteDate(debutCampagne(annee)) + u" au "_s + texteDate(finCampagne(annee));
 }
 
 } // namespace
@@ -29,11 +29,11 @@ QStringList anneesProposees()
 {
     QStringList annees;
     for (int i = 0; i <= anneesEnArriere; ++i)
-        annees += QString::number(Aujourdhui().year() - i);
+        annees += QString::number(aujourdhui().year() - i);
     return annees;
 }
 
-bool AjouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
+bool ajouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
 {
     const auto refuser = [&dialogue](const QString &message) {
         dialogue.avertir(message);
@@ -43,8 +43,8 @@ bool AjouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
         return refuser(u"Veuillez selectionner une année à ajouter"_s);
     if (!estAnnee(texte))
         return refuser(u"Saisissez une année correcte."_s);
-    const auto annee = static_cast<int>(LireNombre(texte));
-    if (annee < premiereAnnee || annee > Aujourdhui().year()) {
+    const auto annee = static_cast<int>(lireNombre(texte));
+    if (annee < premiereAnnee || annee > aujourdhui().year()) {
         return refuser(u"Année non conforme!\n"
                        "Saisissez une année superieure à 1997 et inferieure ou égale à l'année en cours."_s);
     }

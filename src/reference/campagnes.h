@@ -13,4 +13,4 @@ QStringList anneesProposees();
 /// Adds a campaign. The first fault is told and stops.
 /// @param annee as typed
 /// @return whether it was added
-bool AjouterCampagne(Base &base, const QString &annee, Dialogue &dialogue);
+bool ajouterCampagne(Base &base, const QString &annee, Dialogue &dialogue);

@@ -80,7 +80,7 @@ RefusEmployeur ctrlNouvelEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &
 {
     if (estBlanc(fiche.clemask))
         return refuser(ChampEmployeur::clemask, u"Veuillez saisir la clé du numéro"_s, dialogue);
-    if (RefusEmployeur refus = CtrlCleNouvelEmployeur(fiche, dialogue))
+    if (RefusEmployeur refus = ctrlCleNouvelEmployeur(fiche, dialogue))
         return refus;
     if (RefusEmployeur refus = ctrlTelephone(fiche,
                                              u"Numéro de télephone incorrecte, exemple format (10 chiffres) "
@@ -136,12 +136,12 @@ void relire(Recordset &employeurs)
 
 } // namespace
 
-RefusEmployeur CtrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue)
+RefusEmployeur ctrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue)
 {
     return ctrlCle(fiche, u"Veillez saisir un numéro correct SVP"_s, dialogue);
 }
 
-RefusEmployeur CreerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue)
+RefusEmployeur creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue)
 {
     if (RefusEmployeur refus = ctrlNouvelEmployeur(base, fiche, dialogue))
         return refus;
@@ -162,12 +162,12 @@ FicheEmployeur lireFicheEmployeur(const Enregistrement &ligne)
             ligne.texte(u"Mail")};
 }
 
-RefusEmployeur CtrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue)
+RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue)
 {
     return ctrlCle(fiche, u"Veillez Saisir un Numéro Correct SVP"_s, dialogue);
 }
 
-RefusEmployeur ModifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
+RefusEmployeur modifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
                                  Dialogue &dialogue)
 {
     if (RefusEmployeur refus = ctrlEmployeurModifie(base, fiche, lue, dialogue))
@@ -177,7 +177,7 @@ RefusEmployeur ModifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheE
     return {};
 }
 
-bool SupprimerEmployeur(Base &base, Dialogue &dialogue)
+bool supprimerEmployeur(Base &base, Dialogue &dialogue)
 {
     return confirmerSuppression(dialogue) && supprimerEmployeurCourant(base, dialogue);
 }

@@ -28,29 +28,29 @@ enum class ChampEmployeur { num_empmask, clemask, Rais_SocEdit, AdresseEdit, tel
 using RefusEmployeur = std::optional<ChampEmployeur>;
 
 /// The key of a new employer, when its field is left.
-RefusEmployeur CtrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue);
+RefusEmployeur ctrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue);
 
 /// Adds an employer and makes it the current row. The first fault is told and stops; telephone and mail have
 /// lost their blanks by then. The success is the screen's to tell, once it is closed.
-RefusEmployeur CreerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue);
+RefusEmployeur creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue);
 
 /// The fields of a stored employer. The key is not stored: it is worked out again, and left blank for a
 /// number that has none.
 FicheEmployeur lireFicheEmployeur(const Enregistrement &ligne);
 
 /// The key of a changed employer, when its field is left.
-RefusEmployeur CtrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue);
+RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue);
 
-/// Writes the fields into the current employer, by the rules of CreerEmployeur(). The declarations of an
+/// Writes the fields into the current employer, by the rules of creerEmployeur(). The declarations of an
 /// employer that gets another number stay under the old one: this is meant.
 /// @param lue the fields as they were shown at first
-RefusEmployeur ModifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
+RefusEmployeur modifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
                                  Dialogue &dialogue);
 
 /// Deletes the current employer once the clerk has confirmed it. Only headers of the annual declaration stand
 /// in the way.
 /// @return whether the employer is gone
-bool SupprimerEmployeur(Base &base, Dialogue &dialogue);
+bool supprimerEmployeur(Base &base, Dialogue &dialogue);
 
 /// The question before a deletion.
 bool confirmerSuppression(Dialogue &dialogue);

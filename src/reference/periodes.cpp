@@ -28,13 +28,13 @@ QStringList exercicesProposes()
 {
     QStringList annees;
     for (int i = 0; i <= anneesEnArriere; ++i)
-        annees += QString::number(Aujourdhui().year() - i);
+        annees += QString::number(aujourdhui().year() - i);
     return annees;
 }
 
 QStringList trimestres() { return {u"T1"_s, u"T2"_s, u"T3"_s, u"T4"_s}; }
 
-bool AjouterPeriodes(Base &base, const QString &annee, const QString &trimestre, Dialogue &dialogue)
+bool ajouterPeriodes(Base &base, const QString &annee, const QString &trimestre, Dialogue &dialogue)
 {
     const auto refuser = [&dialogue](const QString &message) {
         dialogue.avertir(message);

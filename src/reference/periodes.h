@@ -17,4 +17,4 @@ QStringList trimestres();
 /// before it stay.
 /// @param annee, trimestre as chosen, empty for no choice
 /// @return whether all four were added
-bool AjouterPeriodes(Base &base, const QString &annee, const QString &trimestre, Dialogue &dialogue);
+bool ajouterPeriodes(Base &base, const QString &annee, const QString &trimestre, Dialogue &dialogue);

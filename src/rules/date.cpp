@@ -53,14 +53,14 @@ std::optional<QDate> dateDe(QStringView texte)
 
 bool EstDate(QStringView texte) { return dateDe(texte).has_value(); }
 
-QDate LireDate(QStringView texte)
+QDate lireDate(QStringView texte)
 {
     if (const auto date = dateDe(texte))
         return *date;
     throw ErreurConversion(u"« %1 » n'est pas une date (jj/mm/aaaa)."_s.arg(texte));
 }
 
-QString TexteDate(QDate date)
+QString texteDate(QDate date)
 {
     if (!date.isValid())
         return {};
@@ -76,4 +76,4 @@ QString TexteDate(QDate date)
     return texte;
 }
 
-QDate Aujourdhui() { return QDate::currentDate(); }
+QDate aujourdhui() { return QDate::currentDate(); }

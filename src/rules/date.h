@@ -12,10 +12,10 @@ std::optional<QDate> dateDe(QStringView texte);
 bool EstDate(QStringView texte);
 
 /// The day of the text. @throws ErreurConversion when EstDate refuses it
-QDate LireDate(QStringView texte);
+QDate lireDate(QStringView texte);
 
 /// dd/mm/yyyy
-QString TexteDate(QDate date);
+QString texteDate(QDate date);
 
 /// Today by the system's clock; every part of the program asks here.
-QDate Aujourdhui();
+QDate aujourdhui();

@@ -113,7 +113,7 @@ QString CleSS(QStringView numero)
     return cle < 10 ? QString(u'0' + texte) : texte;
 }
 
-bool CleSSJuste(QStringView numeroAvecCle)
+bool cleSSJuste(QStringView numeroAvecCle)
 {
     const qsizetype corps = std::max<qsizetype>(numeroAvecCle.size() - 2, 0);
     return estDeuxChiffres(numeroAvecCle.sliced(corps), cleSS(numeroAvecCle.first(corps)));
@@ -155,7 +155,7 @@ bool CtrlRIP(QStringView compte)
     return compte.size() == 20 && compte.startsWith(u"007") && resteRIB(compte.sliced(3)) == 0;
 }
 
-bool CompteBancaireValide(QStringView compte)
+bool compteBancaireValide(QStringView compte)
 {
     return compte.size() == 20 && chiffresSeuls(compte) && compte.count(u'0') != compte.size() &&
            resteRIB(compte.sliced(3)) == 0;

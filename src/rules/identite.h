@@ -16,7 +16,7 @@ QString CleSS(QStringView numero);
 
 /// Whether the last two characters are the key of those before them.
 /// @throws ErreurConversion when one of those before them is no digit
-bool CleSSJuste(QStringView numeroAvecCle);
+bool cleSSJuste(QStringView numeroAvecCle);
 
 /// Key of a CCP account: the last two characters of the text of the weighted sum of its 8 digits, where a sum
 /// below 10 gives a blank and a digit. The body loses its blanks and gets zeros up to 8 digits, in place.
@@ -36,7 +36,7 @@ bool CtrlRIP(QStringView compte);
 
 /// Whether the text is a bank account, whatever the bank: 20 digits, not all zeros, and a right key. Without
 /// a word.
-bool CompteBancaireValide(QStringView compte);
+bool compteBancaireValide(QStringView compte);
 
 /// Whether the text of the mask is a telephone number; tells why not.
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue);

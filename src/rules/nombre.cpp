@@ -270,7 +270,7 @@ double Val(QStringView texte)
     return negatif ? -valeur : valeur;
 }
 
-double LireNombre(QStringView texte)
+double lireNombre(QStringView texte)
 {
     if (!EstNumerique(texte))
         refuserNombre(texte);
@@ -362,12 +362,12 @@ Currency operator*(Currency a, qint64 facteur)
 
 QString texteNombre(double valeur) { return texteSimple(decimalDe(valeur), SepDecimal); }
 
-QString FormatMasque(double valeur, QStringView masque)
+QString formatMasque(double valeur, QStringView masque)
 {
     return formater(decimalDe(valeur), Masque(masque));
 }
 
-QString FormatMasque(Currency valeur, QStringView masque)
+QString formatMasque(Currency valeur, QStringView masque)
 {
     return formater(decimalDe(valeur), Masque(masque));
 }

@@ -22,7 +22,7 @@ bool EstNumerique(QStringView texte);
 double Val(QStringView texte);
 
 /// The number of a text that EstNumerique accepts. @throws ErreurConversion for any other
-double LireNombre(QStringView texte);
+double lireNombre(QStringView texte);
 
 /// An exact amount: a 64-bit count of ten-thousandths.
 class Currency
@@ -68,5 +68,5 @@ QString texteNombre(double valeur);
 /// 15 significant digits, then rounded half away from zero to the mask's decimals. Groups are of three
 /// digits, parted by a blank where the mask groups; before the point only a mask with "0" there shows a lone
 /// zero.
-QString FormatMasque(double valeur, QStringView masque);
-QString FormatMasque(Currency valeur, QStringView masque);
+QString formatMasque(double valeur, QStringView masque);
+QString formatMasque(Currency valeur, QStringView masque);

@@ -56,7 +56,7 @@ void MDIForm::charger()
     DernierRecours &recours = m_contexte.dernierRecours;
     bool finProgramme = false;
     recours.agir([&] {
-        const Demarrage demarrage = Demarrer(m_contexte.base, m_contexte.dialogue);
+        const Demarrage demarrage = demarrer(m_contexte.base, m_contexte.dialogue);
         finProgramme = demarrage.issue == Demarrage::FinProgramme;
         permettre(u"wdas"_s, demarrage.wdasPermis);
     });

@@ -4,7 +4,7 @@
 #include "storage/recordset.h"
 
 /// What all windows share: the one connection, the command and the recordsets, which live as long as the
-/// program. Demarrer() opens them. A recordset that the start did not reach throws ErreurBase when it is
+/// program. demarrer() opens them. A recordset that the start did not reach throws ErreurBase when it is
 /// used.
 class Base
 {

@@ -54,7 +54,7 @@ FichierReference fichierWilayas()
             {{u"Code"_s, 0, 2}, {u"Libelle"_s, 2, 40}}};
 }
 
-bool ChargerReference(Connexion &cnx, Recordset &table, const FichierReference &forme, Dialogue &dialogue)
+bool chargerReference(Connexion &cnx, Recordset &table, const FichierReference &forme, Dialogue &dialogue)
 {
     QFile fichier(forme.chemin);
     LecteurLignes lecteur(fichier);

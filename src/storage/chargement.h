@@ -31,4 +31,4 @@ FichierReference fichierWilayas();
 
 /// Fills the table of the open, empty recordset from its file, in one transaction. A last line that no "End"
 /// follows is not stored. @return false when the file is missing or bad, which the clerk was told
-bool ChargerReference(Connexion &cnx, Recordset &table, const FichierReference &fichier, Dialogue &dialogue);
+bool chargerReference(Connexion &cnx, Recordset &table, const FichierReference &fichier, Dialogue &dialogue);

@@ -115,7 +115,7 @@ void completerIndex(Connexion &cnx)
 
 } // namespace
 
-Demarrage Demarrer(Base &base, Dialogue &dialogue)
+Demarrage demarrer(Base &base, Dialogue &dialogue)
 {
     Demarrage resultat;
     const auto terminer = [&resultat](Demarrage::Issue issue) {
@@ -123,7 +123,7 @@ Demarrage Demarrer(Base &base, Dialogue &dialogue)
         return resultat;
     };
 
-    InstallerSiAbsente();
+    installerSiAbsente();
     base.OuvrirBase(cheminBase());
 
     ouvrirLivree(base.RsSalarie);
@@ -181,7 +181,7 @@ Demarrage Demarrer(Base &base, Dialogue &dialogue)
         if (!ouvrirGroupe(base, reference.groupe, {&reference.recordset}, dialogue))
             return terminer(Demarrage::FinProgramme);
         if (reference.recordset.vide() &&
-            !ChargerReference(base.Cnx, reference.recordset, reference.fichier, dialogue))
+            !chargerReference(base.Cnx, reference.recordset, reference.fichier, dialogue))
             return terminer(Demarrage::Interrompu);
     }
 

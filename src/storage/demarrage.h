@@ -26,4 +26,4 @@ struct Demarrage
 /// reference tables.
 /// @throws ErreurFatale when the program must end: no usable database, or a table that could not be created
 /// @throws ErreurBase when a delivered table is missing; the program goes on with what is open
-Demarrage Demarrer(Base &base, Dialogue &dialogue);
+Demarrage demarrer(Base &base, Dialogue &dialogue);

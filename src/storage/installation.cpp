@@ -96,7 +96,7 @@ void poserBase(const QString &chemin)
 
 } // namespace
 
-void InstallerSiAbsente()
+void installerSiAbsente()
 {
     const QString base = cheminBase();
     if (QFileInfo::exists(base))

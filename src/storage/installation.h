@@ -5,4 +5,4 @@
 /// overwritten. The database comes last and appears when it is complete, so a start that was killed is taken
 /// up by the next.
 /// @throws ErreurFatale naming what could not be made
-void InstallerSiAbsente();
+void installerSiAbsente();

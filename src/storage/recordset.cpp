@@ -20,10 +20,10 @@ QVariant montrable(const QVariant &valeur, Genre genre)
 {
     const bool entier = valeur.typeId() == QMetaType::LongLong;
     if (genre == Genre::Montant && entier)
-        return FormatMasque(Currency::deDixMilliemes(valeur.toLongLong()), masqueMontant);
+        return formatMasque(Currency::deDixMilliemes(valeur.toLongLong()), masqueMontant);
     if (genre == Genre::Jour) {
         if (const QDate jour = jourStocke(valeur); jour.isValid())
-            return TexteDate(jour);
+            return texteDate(jour);
     }
     return valeur.toString();
 }

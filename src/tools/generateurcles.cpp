@@ -15,7 +15,7 @@ constexpr qsizetype chiffresAvecCle = 17;
 
 } // namespace
 
-std::optional<QString> CleDuSS(const QString &TxtSS)
+std::optional<QString> cleDuSS(const QString &TxtSS)
 {
     const QStringView numero = Trim(TxtSS);
     if (!EstNumerique(numero))
@@ -23,7 +23,7 @@ std::optional<QString> CleDuSS(const QString &TxtSS)
     return CleSS(numero);
 }
 
-std::optional<QString> CleDuCCP(const QString &TxtCCP)
+std::optional<QString> cleDuCCP(const QString &TxtCCP)
 {
     QString corps = Trim(TxtCCP).toString();
     if (!EstNumerique(corps))
@@ -31,14 +31,14 @@ std::optional<QString> CleDuCCP(const QString &TxtCCP)
     return CleCCP(corps);
 }
 
-std::optional<QString> VerdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue)
+std::optional<QString> verdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue)
 {
     const QStringView compte = Trim(wCptRIPRIB);
     if (!EstNumerique(compte)) {
         dialogue.avertir(u"Compte RIB ou RIP non numérique "_s);
         return {};
     }
-    if (LireNombre(compte) == 0)
+    if (lireNombre(compte) == 0)
         return {};
     return CleRIB(compte.mid(codeBanque, chiffresAvecCle)) == u"0" ? u"Vrai"_s : u"Faux"_s;
 }

@@ -10,8 +10,8 @@ class Dialogue;
 /// the number count for nothing.
 
 /// @throws ErreurConversion for a number that has a sign or a separator
-std::optional<QString> CleDuSS(const QString &TxtSS);
-/// @throws ErreurConversion as CleDuSS() does
-std::optional<QString> CleDuCCP(const QString &TxtCCP);
+std::optional<QString> cleDuSS(const QString &TxtSS);
+/// @throws ErreurConversion as cleDuSS() does
+std::optional<QString> cleDuCCP(const QString &TxtCCP);
 /// A RIP or RIB has its key already: whether it is the right one.
-std::optional<QString> VerdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue);
+std::optional<QString> verdictRipRib(const QString &wCptRIPRIB, Dialogue &dialogue);

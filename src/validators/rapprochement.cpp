@@ -30,7 +30,7 @@ double arrondi(double valeur, qsizetype chiffres)
 
 } // namespace
 
-bool QuitterMontantDac(QString &texte, Dialogue &dialogue)
+bool quitterMontantDac(QString &texte, Dialogue &dialogue)
 {
     const double montant = Val(texte);
     texte = texteNombre(montant);
@@ -58,7 +58,7 @@ bool TrimestreCompatible(QStringView m1, QStringView m2, QStringView m3, QString
     return Val(t) == 0 || (Val(m1) == 0 && Val(m2) == 0 && Val(m3) == 0);
 }
 
-QString VerifierDacs(const SaisieDacs &dacs, QStringView totalDas, Dialogue &dialogue)
+QString verifierDacs(const SaisieDacs &dacs, QStringView totalDas, Dialogue &dialogue)
 {
     QString trimestres;
     for (std::size_t mois = 0; mois < SaisieDacs::Nombre; mois += 4) {

@@ -22,7 +22,7 @@ struct SaisieDacs
 
 /// Leaving a box: its text becomes the plain text of its number. A negative number is told, and the box is
 /// emptied. @return whether the amount was accepted
-bool QuitterMontantDac(QString &texte, Dialogue &dialogue);
+bool quitterMontantDac(QString &texte, Dialogue &dialogue);
 
 /// The sum of the sixteen amounts. It has as many decimals as the longest of them, so that what the machine
 /// can't hold exactly (0.1 + 0.2) is not taken for a difference.
@@ -33,4 +33,4 @@ bool TrimestreCompatible(QStringView m1, QStringView m2, QStringView m3, QString
 
 /// Compares the total of the annual declaration, as LabTotSalaires shows it, with the amounts; the verdict is
 /// told. @return the text of LabDAS3, empty when a quarter and its months were keyed both
-QString VerifierDacs(const SaisieDacs &dacs, QStringView totalDas, Dialogue &dialogue);
+QString verifierDacs(const SaisieDacs &dacs, QStringView totalDas, Dialogue &dialogue);

@@ -39,7 +39,7 @@ QStringView milieu(QStringView texte, qsizetype place, qsizetype nombre)
 bool est(QStringView code, QChar lettre) { return code.size() == 1 && code[0] == lettre; }
 
 /// A day that a rule can't do without. @throws ErreurConversion where there is none
-QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : LireDate(texte); }
+QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : lireDate(texte); }
 
 } // namespace
 
@@ -112,7 +112,7 @@ bool ValidateurDas::entete(const QString &ligne)
     if (!accord)
         return false;
 
-    m_annee = static_cast<qint64>(std::nearbyint(LireNombre(m_entete.annee)));
+    m_annee = static_cast<qint64>(std::nearbyint(lireNombre(m_entete.annee)));
     const QString annee = QString::number(m_annee);
     const QString avant = QString::number(m_annee - 1);
     periodeCampagne = u"01/07/"_s + avant + u"-30/06/"_s + annee;
@@ -293,7 +293,7 @@ void ValidateurDas::ctrlNumeroSalarie()
     } else if (numero.size() != 12) {
         signaler(Classe::RejetDur, prefixe() + u"  Taille  Numéro SS doit être égal à 12 !"_s,
                  nomChamp + u" / la Numéro SS est constitué de 12 chiffres !"_s);
-    } else if (!CleSSJuste(numero)) {
+    } else if (!cleSSJuste(numero)) {
         signaler(Classe::RejetDur, prefixe() + u"  Clés de controle du Numéro  SS incorrecte ! "_s,
                  nomChamp + u" /  Clés SS Incorrecte"_s);
     } else if (national() && milieu(numero, 3, 4) != fin(valeur(ActeNaissance), 4)) {
@@ -581,16 +581,16 @@ void ValidateurDas::annoncerTaux()
 
     // The figures shown in the first and the third box are shares of the nationals, whatever the rate that
     // brings the box up: that is required.
-    tauxSS = taux(nbSSValides, LireNombre(m_entete.effectif));
+    tauxSS = taux(nbSSValides, lireNombre(m_entete.effectif));
     if (tauxSS < 100 && !rejetDur) {
         dialogue().afficher(u"Votre DAS sera retourné par la KORVANDEL, un taux de "_s +
-                            FormatMasque(taux(nbSSValides, nationaux), FormatTaux) +
+                            formatMasque(taux(nbSSValides, nationaux), FormatTaux) +
                             u"  % de salariés uniquement possèdent un numéro SS valide"_s);
     }
     if (nbNationaux != 0)
         tauxSansCompte = taux(nbSansCompte, nationaux);
     if (tauxSansCompte > 10 && !rejetDur) {
-        dialogue().afficher(u"Votre DAS possède un taux de "_s + FormatMasque(tauxSansCompte, FormatTaux) +
+        dialogue().afficher(u"Votre DAS possède un taux de "_s + formatMasque(tauxSansCompte, FormatTaux) +
                             u"  % de salariés ne possèdent  pas de compte CCP ou bancaire"_s);
     }
     if (nbNationauxEntres == 0)
@@ -598,7 +598,7 @@ void ValidateurDas::annoncerTaux()
     tauxNin = taux(nbNinValides, static_cast<double>(nbNationauxEntres));
     if (!rejetDur && tauxNin < 30) {
         dialogue().informer(u"Votre DAS présente un faible taux "_s +
-                            FormatMasque(taux(nbNinValides, nationaux), FormatTaux) +
+                            formatMasque(taux(nbNinValides, nationaux), FormatTaux) +
                             u"  % de salariés possèdent un NIN correcte !"_s);
     }
 }
@@ -606,9 +606,9 @@ void ValidateurDas::annoncerTaux()
 /// Shows the totals of the lines and says how they stand to those of the header.
 QString ValidateurDas::comparerTotaux()
 {
-    LabTotSalaires = FormatMasque(totalSalaires.valeur(), FormatMontant);
+    LabTotSalaires = formatMasque(totalSalaires.valeur(), FormatMontant);
     LabTotSalaries = QString::number(nbLignes);
-    m_affiche.total = FormatMasque(LireNombre(m_affiche.total), FormatMontant);
+    m_affiche.total = formatMasque(lireNombre(m_affiche.total), FormatMontant);
 
     const auto comparer = [](const QString &lignes, const QString &entete, const QString &sujet) {
         const Currency ecart = LireMontant(lignes) - LireMontant(entete);

@@ -84,7 +84,7 @@ int ajouterSansFin(const QString &chemin)
         fiche.num_saledit = u"0000000000"_s;
         fiche.mskcle = u"00"_s;
         fiche.cpt_z = i;
-        if (AjouterLigneDas(lignes, fiche, dialogue))
+        if (ajouterLigneDas(lignes, fiche, dialogue))
             return 1;
         std::fputc('.', stdout);
         std::fflush(stdout);
@@ -106,15 +106,15 @@ private slots:
     {
         BaseDas essai;
         DialogueScenario dialogue;
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
         FicheEntete nulle = ficheEntete(true);
         nulle.sumedit = u"0"_s;
         nulle.total_salEdit = u"00000"_s;
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), nulle, dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), nulle, dialogue)), pasDeRefus);
         FicheEntete arrondie = ficheEntete(true);
         arrondie.sumedit = u"1,00005"_s;
         arrondie.total_salEdit = u"2.5"_s;
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), arrondie, dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), arrondie, dialogue)), pasDeRefus);
         QCOMPARE(essai.lignes(lesEntetes),
                  (QStringList{u"12345678|2024|1|12000005000|2|NULL|NULL"_s,
                               u"12345678|2024|2|0|0|NULL|NULL"_s, u"12345678|2024|3|10000|2|NULL|NULL"_s}));
@@ -128,19 +128,19 @@ private slots:
         BaseDas essai;
         DialogueScenario dialogue;
         dialogue.attendreQuestion(texte, false, {}, false, Icone::Information);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)),
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)),
                  static_cast<int>(ChampEntete::cmplCheck));
         QVERIFY(essai.base.RsEnteteDas.vide());
         dialogue.attendreQuestion(texte, true, {}, false, Icone::Information);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 2);
 
         // The highest number counts, and neither it nor another year stands in the way of a principal.
         essai.entete(7);
         essai.entete(9, {}, 0, 2023);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 8);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 1);
     }
 
@@ -183,7 +183,7 @@ private slots:
         essai.entete(1, {}, 0, 2023);
         DialogueScenario dialogue;
         dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), {saisi[0], saisi[1], false, saisi[2], saisi[3]},
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), {saisi[0], saisi[1], false, saisi[2], saisi[3]},
                                     dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
@@ -196,7 +196,7 @@ private slots:
         essai.base.Cnx.executer(u"DELETE FROM employeur"_s);
         DialogueScenario dialogue;
         dialogue.attendreAvertissement(u"Il n'y a pas d'employeur!"_s);
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)),
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)),
                  static_cast<int>(ChampEntete::cmbemp));
     }
 
@@ -207,13 +207,13 @@ private slots:
         FicheEntete fiche = ficheEntete();
         fiche.sumedit = u"922337203685477.5807"_s;
         fiche.total_salEdit = u"2147483648"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, AjouterEntete(essai.base, genreDas(), fiche, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, genreDas(), fiche, dialogue));
         fiche.total_salEdit = u"2147483647"_s;
-        QCOMPARE(rang(AjouterEntete(essai.base, genreDas(), fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), fiche, dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.montant(u"sum_annuel").texte(), u"922337203685477.5807"_s);
         fiche.cmplCheck = true;
         fiche.sumedit = u"922337203685477.5808"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, AjouterEntete(essai.base, genreDas(), fiche, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, genreDas(), fiche, dialogue));
     }
 
     void enteteModifie_data()
@@ -241,7 +241,7 @@ private slots:
         DialogueScenario dialogue;
         if (ecrit.isEmpty())
             dialogue.attendreAvertissement(u"Valeurs incorrectes!"_s);
-        const RefusEntete refus = ModifierEntete(essai.base, genreDas(), somme, effectif, dialogue);
+        const RefusEntete refus = modifierEntete(essai.base, genreDas(), somme, effectif, dialogue);
         QCOMPARE(refus.has_value(), ecrit.isEmpty());
         QCOMPARE(essai.lignes(u"SELECT sum_annuel, total_salarie FROM entete_das"_s),
                  QStringList{ecrit.isEmpty() ? u"50000|5"_s : ecrit});
@@ -256,19 +256,19 @@ private slots:
         DialogueScenario dialogue;
         const QString confirmation = u"Confirmation"_s;
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, false, confirmation);
-        QVERIFY(!SupprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(!supprimerEntete(essai.base, genreDas(), dialogue));
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, true, confirmation);
         dialogue.attendreAvertissement(
             u"Impossible de supprimer l'entête, supprimez ses lignes DAS d'abord!"_s);
-        QVERIFY(!SupprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(!supprimerEntete(essai.base, genreDas(), dialogue));
         QCOMPARE(essai.base.RsEnteteDas.nombre(), 2);
 
         // The other button does not look at the lines.
         dialogue.attendreConfirmation(u"Confirmez la suppression !"_s, true, confirmation);
-        QVERIFY(SupprimerEnteteSeul(essai.base, genreDas(), dialogue));
+        QVERIFY(supprimerEnteteSeul(essai.base, genreDas(), dialogue));
         QCOMPARE(essai.lignes(lesLignes).size(), 1);
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, true, confirmation);
-        QVERIFY(SupprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(supprimerEntete(essai.base, genreDas(), dialogue));
         QVERIFY(essai.lignes(lesEntetes).isEmpty());
     }
 
@@ -405,7 +405,7 @@ private slots:
                 dialogue.attendreInformation(u"Ligne DAS ajoutée avec succès !"_s);
             else
                 dialogue.attendreAvertissement(ajout.refus);
-            const auto refus = AjouterLigneDas(lignes, fiche, dialogue);
+            const auto refus = ajouterLigneDas(lignes, fiche, dialogue);
             QCOMPARE(refus ? static_cast<int>(refus->focus) : pasDeRefus, ajout.focus);
             QCOMPARE(essai.lignes(lesLignes).size(), ajout.refus.isEmpty() ? 1 : 0);
         }
@@ -423,7 +423,7 @@ private slots:
                 dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
             else
                 dialogue.attendreAvertissement(modification.refus);
-            const ModificationLigneDas issue = ModifierLigneDas(lignes, fiche, dialogue);
+            const ModificationLigneDas issue = modifierLigneDas(lignes, fiche, dialogue);
             QCOMPARE(issue.issue,
                      modification.refus.isEmpty() ? IssueModification::Faite : IssueModification::Refusee);
             if (!modification.refus.isEmpty())
@@ -439,7 +439,7 @@ private slots:
         LignesDeclaration lignes(essai.base, genreDas(), essai.entete());
         DialogueScenario dialogue;
         dialogue.attendreQuestion(question(u"50 000.00"_s, u"  "_s), false);
-        QVERIFY(AjouterLigneDas(lignes, ficheLigne(), dialogue).has_value());
+        QVERIFY(ajouterLigneDas(lignes, ficheLigne(), dialogue).has_value());
         QVERIFY(essai.lignes(lesLignes).isEmpty());
     }
 
@@ -487,7 +487,7 @@ private slots:
             } else {
                 dialogue.attendreAvertissement(boite);
             }
-            const auto refus = AjouterLigneDas(lignes, fiche, dialogue);
+            const auto refus = ajouterLigneDas(lignes, fiche, dialogue);
             QVERIFY(refus);
             QCOMPARE(refus->creerSalarie, inconnu && creer);
         }
@@ -509,7 +509,7 @@ private slots:
             DialogueScenario dialogue;
             dialogue.attendreQuestion(question(moyenne, u"  "_s), true);
             dialogue.attendreInformation(u"Ligne DAS ajoutée avec succès !"_s);
-            return !AjouterLigneDas(lignes, fiche, dialogue).has_value() && dialogue.acheve();
+            return !ajouterLigneDas(lignes, fiche, dialogue).has_value() && dialogue.acheve();
         };
         QVERIFY(ajouter(ficheLigne(2), u"50 000.00"_s));
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000000000|1"_s});
@@ -550,7 +550,7 @@ private slots:
         modifiee.sal_annueledit = u"5"_s;
         modifiee.nbj_travailctrl = {0, u'H'};
         dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
-        QVERIFY(ModifierLigneDas(lignes, modifiee, dialogue).issue == IssueModification::Faite);
+        QVERIFY(modifierLigneDas(lignes, modifiee, dialogue).issue == IssueModification::Faite);
         QCOMPARE(essai.lignes(lesLignes).at(2), BaseDas::numero(1) + u"|1|50000|0|H|30/06/2024|S"_s);
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000052000|3"_s});
         const QString confirmation = u"Confirmez la suppression de cette ligne DAS ?"_s;
@@ -577,7 +577,7 @@ private slots:
         dialogue.attendreAvertissement(u"Aucun élément à modifier"_s);
         FicheLigneDas fiche = ficheLigne();
         fiche.nbj_travailctrl.nombre = -1;
-        QVERIFY(ModifierLigneDas(lignes, fiche, dialogue).issue == IssueModification::Refusee);
+        QVERIFY(modifierLigneDas(lignes, fiche, dialogue).issue == IssueModification::Refusee);
     }
 
     /// Neither the line nor its sums stay when one of them can't be written.
@@ -593,7 +593,7 @@ private slots:
         {
             DialogueScenario dialogue;
             dialogue.attendreQuestion(question(u"50 000.00"_s, u"  "_s), true);
-            QVERIFY_THROWS_EXCEPTION(ErreurBase, AjouterLigneDas(lignes, ficheLigne(1), dialogue));
+            QVERIFY_THROWS_EXCEPTION(ErreurBase, ajouterLigneDas(lignes, ficheLigne(1), dialogue));
         }
         QCOMPARE(essai.lignes(lesLignes), avant);
         QCOMPARE(lignes.liste().nombre(), 1);
@@ -604,7 +604,7 @@ private slots:
         autre.executer(u"DELETE FROM entete_das"_s);
         DialogueScenario dialogue;
         dialogue.attendreQuestion(question(u"50 000.00"_s, u"   "_s), true);
-        QVERIFY(ModifierLigneDas(lignes, ficheLigne(2), dialogue).issue == IssueModification::Abandonnee);
+        QVERIFY(modifierLigneDas(lignes, ficheLigne(2), dialogue).issue == IssueModification::Abandonnee);
         QCOMPARE(essai.lignes(lesLignes), avant);
         QVERIFY(!essai.base.Cnx.enTransaction());
     }
@@ -645,23 +645,23 @@ private slots:
     {
         DialogueScenario dialogue;
         FicheLigneDas fiche = ficheLigne();
-        QVERIFY(CtrlNumeroLigneDas(fiche, dialogue).numeroBon);
+        QVERIFY(ctrlNumeroLigneDas(fiche, dialogue).numeroBon);
         for (const QString &faux : {u"8823450002"_s, u"88234500  "_s, u"882345000_"_s}) {
             fiche.num_saledit = faux;
             dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est incorrecte "_s);
-            QVERIFY(CtrlNumeroLigneDas(fiche, dialogue).reprendre);
+            QVERIFY(ctrlNumeroLigneDas(fiche, dialogue).reprendre);
         }
         fiche.num_saledit = u"0000000000"_s;
         fiche.mskcle = u"99"_s; // the very key of the zeros
         dialogue.attendreAvertissement(
             u"Le numéro de sécurité sociale est à blanc, sélectionnez le salarié à "
             "partir de la commande INSERER "_s);
-        const SaisieNumero blanc = CtrlNumeroLigneDas(fiche, dialogue);
+        const SaisieNumero blanc = ctrlNumeroLigneDas(fiche, dialogue);
         QVERIFY(!blanc.numeroBon && !blanc.reprendre);
 
-        QVERIFY(CtrlDateLigneDas(u"__/__/____"_s, dialogue) && CtrlDateLigneDas(u"29/02/2024"_s, dialogue));
+        QVERIFY(ctrlDateLigneDas(u"__/__/____"_s, dialogue) && ctrlDateLigneDas(u"29/02/2024"_s, dialogue));
         dialogue.attendreAvertissement(u"Veuillez saisir une date correcte SVP"_s);
-        QVERIFY(!CtrlDateLigneDas(u"29/02/2023"_s, dialogue));
+        QVERIFY(!ctrlDateLigneDas(u"29/02/2023"_s, dialogue));
         QCOMPARE(numeroPourCreation(u"1234      "_s), u"1234"_s);
         QCOMPARE(numeroPourCreation(u"12345     "_s), u"     12345"_s);
     }

@@ -152,9 +152,9 @@ private slots:
         essai.ligne(numero, 1, ligne);
         essai.accorder();
         DialogueScenario dialogue;
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ExporterDas(essai.base, true, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, exporterDas(essai.base, true, dialogue));
         dialogue.attendreCritique(echecExport);
-        QVERIFY(!ExporterDas(essai.base, false, dialogue));
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
         QVERIFY(QDir(dossierExpor()).isEmpty());
     }
 
@@ -216,7 +216,7 @@ private slots:
         DialogueScenario dialogue;
         dialogue.attendreAvertissement(
             u"Votre DAS doit contenir 100% des numéro SS valide, veuillez corriger SVP"_s);
-        QVERIFY(!ExporterDas(essai.base, false, dialogue));
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
     }
 
     void sommesDifferentes()
@@ -230,7 +230,7 @@ private slots:
             essai.entete(type, somme, effectif);
             DialogueScenario dialogue;
             dialogue.attendreAvertissement(texte);
-            QVERIFY(!ExporterDas(essai.base, false, dialogue));
+            QVERIFY(!exporterDas(essai.base, false, dialogue));
         }
     }
 
@@ -303,7 +303,7 @@ private slots:
                 fige ? dossierExpor() + u'/' + nomPropose : foyer.chemin() + u"/ailleurs.txt"_s;
             ecrireFichier(chemin, QByteArray(10'000, 'x')); // replaced, not overwritten in part
             attendre(dialogue, chemin);
-            QVERIFY(ExporterDas(essai.base, fige, dialogue));
+            QVERIFY(exporterDas(essai.base, fige, dialogue));
             QCOMPARE(lireFichier(chemin), attendu);
         }
         QCOMPARE(essai.base.RsLigneDas.nombre(), 3);
@@ -314,13 +314,13 @@ private slots:
         DialogueScenario dialogue;
         dialogue.attendreInformation(u"DAS exportée avec succès vers "_s +
                                      QDir::toNativeSeparators(dossierExpor() + u'/' + nomPropose));
-        QVERIFY(ExporterDas(essai.base, true, dialogue));
+        QVERIFY(exporterDas(essai.base, true, dialogue));
         QCOMPARE(lireFichier(dossierExpor() + u'/' + nomPropose),
                  QByteArray("DAS KORVANDEL VER 3.0\r\n12345678;2024;3;0;0;\r\n"));
 
         dialogue.attendreDestination(nomPropose, {});
         dialogue.attendreBoite(u"Nom de fichier incorrect"_s);
-        QVERIFY(!ExporterDas(essai.base, false, dialogue));
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
     }
 
     void echecs_data()
@@ -362,14 +362,14 @@ private slots:
         DialogueScenario dialogue;
         QString texte;
         try {
-            ExporterDas(essai.base, true, dialogue);
+            exporterDas(essai.base, true, dialogue);
         } catch (const ErreurFatale &erreur) {
             texte = erreur.texte();
         }
         QVERIFY2(texte.contains(dossier ? fige : colonne), qPrintable(texte));
         dialogue.attendreDestination(nomPropose, choisi);
         dialogue.attendreCritique(echecExport);
-        QVERIFY(!ExporterDas(essai.base, false, dialogue));
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
         if (!dossier) {
             for (const QString &chemin : {fige, choisi})
                 QCOMPARE(lireFichier(chemin).count("\r\n"), 3);
@@ -385,7 +385,7 @@ private slots:
         DialogueScenario dialogue;
         dialogue.attendreDestination(nomPropose, u"/dev/full"_s);
         dialogue.attendreCritique(echecExport);
-        QVERIFY(!ExporterDas(essai.base, false, dialogue));
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
     }
 
     /// What the program exports from a good declaration, the fund's own rules take.
@@ -398,7 +398,7 @@ private slots:
         DialogueScenario export_;
         export_.attendreDestination(nomPropose, chemin);
         export_.attendreInformation(u"DAS exportée avec succès vers "_s + QDir::toNativeSeparators(chemin));
-        QVERIFY(ExporterDas(essai.base, false, export_));
+        QVERIFY(exporterDas(essai.base, false, export_));
 
         class Muet : public Dialogue
         {

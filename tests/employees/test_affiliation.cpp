@@ -53,7 +53,7 @@ Faute etranger(const Faute &faute = tous({}))
 Faute ne(const QString &jourMois, int ans)
 {
     return [=](FicheSalarie &fiche) {
-        fiche.mskdate = jourMois + QString::number(Aujourdhui().year() - ans);
+        fiche.mskdate = jourMois + QString::number(aujourdhui().year() - ans);
         fiche.num_salmask.replace(0, 2, fiche.mskdate.right(2));
         fiche.clemask = CleSS(fiche.num_salmask);
     };
@@ -115,7 +115,7 @@ std::optional<Refus> changerNumero(Base &base, const QString &chiffres, const QS
     FicheSalarie fiche = ficheNationale();
     fiche.num_salmask = chiffres;
     fiche.clemask = cle;
-    return ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi);
+    return modifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi);
 }
 
 /// The child of the kill test: changes the number, saying when it begins and when it is done.
@@ -363,7 +363,7 @@ private slots:
         DialogueScenario dialogue;
         EcranNote note;
         dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-        QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
+        QVERIFY(!creerSalarie(fiche, donnees.base, dialogue, note.suivi));
 
         QCOMPARE(
             donnees.lignes(u"SELECT * FROM salarie"_s),
@@ -379,7 +379,7 @@ private slots:
         FicheSalarie encore = ficheNationale();
         encore.nomedit = u"D'été"_s;
         dialogue.attendreAvertissement(u"Ce Numéro de Salarié Existe Déja!"_s);
-        QVERIFY(CreerSalarie(encore, donnees.base, dialogue, note.suivi) == Refus{});
+        QVERIFY(creerSalarie(encore, donnees.base, dialogue, note.suivi) == Refus{});
 
         // A foreigner's place of birth is not stored, nor are certificate and NIN asked for.
         FicheSalarie etranger = ficheEtrangere();
@@ -390,12 +390,12 @@ private slots:
         etranger.num_cpt_ccpedit = u" "_s;
         dialogue.attendreAvertissement(
             u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, u"control de clés SS"_s);
-        QVERIFY((CreerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}}));
+        QVERIFY((creerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}}));
         etranger.num_salmask = u"8800000000"_s;
         etranger.clemask = CleSS(etranger.num_salmask);
         dialogue.attendreInformation(u"Ce salarié ne possède pas de numéros de compte CCP ou bancaire"_s);
         dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-        QVERIFY(!CreerSalarie(etranger, donnees.base, dialogue, note.suivi));
+        QVERIFY(!creerSalarie(etranger, donnees.base, dialogue, note.suivi));
         QCOMPARE(donnees.lignes(u"SELECT etranger, lieu_naiss, CommuneNaiss, IdNat, sexe, NIN, NumActeNaiss "
                                 "FROM salarie WHERE rowid = 2"_s),
                  QStringList{u"O|||005|F|000000000000000000|00000"_s});
@@ -415,7 +415,7 @@ private slots:
             cocherBlanc(fiche, true);
             dialogue.attendreInformation(permis);
             dialogue.attendreInformation(u"Salarié Ajouté Avec Succès!"_s);
-            QVERIFY(!CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
+            QVERIFY(!creerSalarie(fiche, donnees.base, dialogue, note.suivi));
         }
         QCOMPARE(donnees.lignes(clesSalarie), (QStringList{u"110000000000|9"_s, u"000000000000|1"_s,
                                                            u"000000000000|2"_s, u"000000000000|3"_s}));
@@ -425,7 +425,7 @@ private slots:
         fiche.num_salmask = u"0000000000"_s;
         fiche.clemask = u"00"_s;
         dialogue.attendreInformation(permis);
-        QVERIFY_THROWS_EXCEPTION(ErreurSql, CreerSalarie(fiche, donnees.base, dialogue, note.suivi));
+        QVERIFY_THROWS_EXCEPTION(ErreurSql, creerSalarie(fiche, donnees.base, dialogue, note.suivi));
         QCOMPARE(note.termine, 3);
         QCOMPARE(donnees.base.RsSalarie.nombre(), 4);
     }
@@ -552,8 +552,8 @@ private slots:
             const QStringList avant = donnees.lignes(u"SELECT * FROM salarie"_s);
             EcranNote note;
             const auto refus = ecran == Creation
-                                   ? CreerSalarie(fiche, donnees.base, dialogue, note.suivi)
-                                   : ModifierSalarie(fiche, ancien, donnees.base, dialogue, note.suivi);
+                                   ? creerSalarie(fiche, donnees.base, dialogue, note.suivi)
+                                   : modifierSalarie(fiche, ancien, donnees.base, dialogue, note.suivi);
             QVERIFY(dialogue.acheve());
             QCOMPARE(refus.has_value(), refuse);
             QCOMPARE(note.termine, refuse ? 0 : 1);
@@ -633,7 +633,7 @@ private slots:
         DialogueScenario dialogue;
         EcranNote note;
         dialogue.attendreInformation(u"Salarié Modifié avec Succès!"_s);
-        QVERIFY(!ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi));
+        QVERIFY(!modifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi));
         QCOMPARE(donnees.lignes(
                      u"SELECT sf, banque, agence_banque, adresse, PrenomPere, CinNumber FROM salarie"_s),
                  QStringList{u"C|||A0123456789 B0123456789 C0123456789 D012|PAUL|000000000000000"_s});
@@ -645,14 +645,14 @@ private slots:
         remplie.fiche.MskNin = QString(18, u'0');
         dialogue.attendreAvertissement(
             u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s);
-        QVERIFY(ModifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
+        QVERIFY(modifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
 
         // Without rows there is nothing to change.
         base.Cnx.executer(u"DELETE FROM salarie"_s);
         base.RsSalarie.requery();
         FicheSalarie fiche = ficheNationale();
         dialogue.attendreAvertissement(u"Aucun Elément à Modifier"_s);
-        QVERIFY(ModifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
+        QVERIFY(modifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
         QCOMPARE(note.termine, 1);
     }
 
@@ -801,7 +801,7 @@ private slots:
         DialogueScenario dialogue;
         EcranNote note;
         for (int i = 0; i < 2; ++i) {
-            QVERIFY_THROWS_EXCEPTION(ErreurBase, ModifierSalarie(remplie.fiche, remplie.ancien, donnees.base,
+            QVERIFY_THROWS_EXCEPTION(ErreurBase, modifierSalarie(remplie.fiche, remplie.ancien, donnees.base,
                                                                  dialogue, note.suivi));
         }
         QCOMPARE(donnees.lignes(clesSalarie), QStringList{u"000000000000|1"_s});

@@ -66,7 +66,7 @@ private slots:
         qputenv("HOME", m_foyer->path().toUtf8());
         m_dialogue = std::make_unique<DialogueScenario>();
         m_base = std::make_unique<Base>();
-        Demarrer(*m_base, *m_dialogue);
+        demarrer(*m_base, *m_dialogue);
     }
 
     void cleanup()
@@ -79,7 +79,7 @@ private slots:
     void fichierLivre()
     {
         m_dialogue->attendreInformation(reussie);
-        QVERIFY(ImporterNationalites(*m_base, *m_dialogue));
+        QVERIFY(importerNationalites(*m_base, *m_dialogue));
         const QStringList vues = lignes();
         // The employee screens take a place in this list for the code, and the fourth for the nationals.
         for (int i = 0; i < vues.size(); ++i)
@@ -89,7 +89,7 @@ private slots:
         QCOMPARE(m_base->RsNationalite.nombre(), vues.size());
 
         m_dialogue->attendreAvertissement(deja);
-        QVERIFY(!ImporterNationalites(*m_base, *m_dialogue));
+        QVERIFY(!importerNationalites(*m_base, *m_dialogue));
         QCOMPARE(lignes(), vues);
     }
 
@@ -130,7 +130,7 @@ private slots:
             m_dialogue->attendreAvertissement(avertissement);
         if (bon)
             m_dialogue->attendreInformation(reussie);
-        QCOMPARE(ImporterNationalites(*m_base, *m_dialogue), bon);
+        QCOMPARE(importerNationalites(*m_base, *m_dialogue), bon);
         QCOMPARE(lignes(), attendu);
         QCOMPARE(m_base->RsNationalite.nombre(), attendu.size());
     }
@@ -144,12 +144,12 @@ private slots:
         ecrire(gros);
         m_base->Cnx.existe(
             u"PRAGMA max_page_count = %1"_s.arg(m_base->Cnx.premiere(u"PRAGMA page_count"_s).entier(0) + 2));
-        QVERIFY(!ImporterNationalites(*m_base, *m_dialogue));
+        QVERIFY(!importerNationalites(*m_base, *m_dialogue));
         QVERIFY(!m_base->Cnx.enTransaction());
         QVERIFY(lignes().isEmpty());
         m_base->Cnx.existe(u"PRAGMA max_page_count = 1000000"_s);
         m_dialogue->attendreInformation(reussie);
-        QVERIFY(ImporterNationalites(*m_base, *m_dialogue));
+        QVERIFY(importerNationalites(*m_base, *m_dialogue));
         QCOMPARE(lignes().size(), 2000);
     }
 

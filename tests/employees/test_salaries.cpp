@@ -66,7 +66,7 @@ private slots:
         QFETCH(QString, trouves);
         BaseSalaries donnees;
         Recordset &salaries = donnees.base.RsSalarie;
-        QVERIFY(!ChercherSalaries(salaries, CritereSalarie::Nom, u"DUP")); // an empty table
+        QVERIFY(!chercherSalaries(salaries, CritereSalarie::Nom, u"DUP")); // an empty table
         const QList<std::pair<QString, QString>> employes{{u"110000000000"_s, u"DUPONT"_s},
                                                           {u"000000000000"_s, u"DUP%NT"_s},
                                                           {u"120000000000"_s, u"DUP_NT"_s},
@@ -75,14 +75,14 @@ private slots:
         for (const auto &[numero, nom] : employes)
             donnees.ajouter(numero, 1, {{u"nom"_s, nom}});
         salaries.allerA(4);
-        QCOMPARE(ChercherSalaries(salaries, critere, texte), trouves != u"tous");
+        QCOMPARE(chercherSalaries(salaries, critere, texte), trouves != u"tous");
         if (trouves == u"tous")
             QCOMPARE(salaries.ligneCourante(), 4);
         else
             QCOMPARE(noms(salaries).join(u' '), trouves);
 
         const QString courant = salaries.vide() ? u"DUPONT"_s : salaries.texte(u"nom");
-        MontrerTousSalaries(salaries);
+        montrerTousSalaries(salaries);
         QCOMPARE(salaries.nombre(), 5);
         QCOMPARE(salaries.texte(u"nom"), courant);
     }
@@ -95,10 +95,10 @@ private slots:
         donnees.ajouter(u"000000000000"_s, 3, {{u"IdNat"_s, u"005"}});
         donnees.ajouter(u"000000000000"_s, 1, {{u"IdNat"_s, u"004"}});
         donnees.ajouter(u"110000000000"_s, 1, {{u"IdNat"_s, u"099"}});
-        QCOMPARE(NationaliteSalarie(cnx, u" 000000000000 "),
+        QCOMPARE(nationaliteSalarie(cnx, u" 000000000000 "),
                  u"Allemagne"_s); // the first entered, for all of them
-        QCOMPARE(NationaliteSalarie(cnx, u"110000000000"), QString());
-        QCOMPARE(NationaliteSalarie(cnx, u"1' OR '1'='1"), QString());
+        QCOMPARE(nationaliteSalarie(cnx, u"110000000000"), QString());
+        QCOMPARE(nationaliteSalarie(cnx, u"1' OR '1'='1"), QString());
     }
 
     void suppression()
@@ -117,23 +117,23 @@ private slots:
         DialogueScenario dialogue;
         const QString question = u"Confirmer la Suppression?"_s;
         dialogue.attendreQuestion(question, false, u"Confirmation"_s);
-        SupprimerSalarie(base, dialogue);
+        supprimerSalarie(base, dialogue);
         dialogue.attendreQuestion(question, true, u"Confirmation"_s);
         dialogue.attendreAvertissement(
             u"Il Existe Une ou Plusieurs Lignes DAS pour ce Salarié, Supprimez Les d'abord"_s);
-        SupprimerSalarie(base, dialogue);
+        supprimerSalarie(base, dialogue);
         QCOMPARE(base.RsSalarie.nombre(), 2);
 
         base.RsSalarie.allerA(1);
         QCOMPARE(choisirSalarie(base.RsSalarie.courant()).cpt_z, 2);
         dialogue.attendreQuestion(question, true, u"Confirmation"_s);
-        SupprimerSalarie(base, dialogue);
+        supprimerSalarie(base, dialogue);
         QCOMPARE(donnees.lignes(u"SELECT cpt_z FROM salarie"_s), QStringList{u"1"_s});
         QCOMPARE(donnees.lignes(u"SELECT count(*) FROM Detail_CI"_s), QStringList{u"1"_s});
 
         base.Cnx.executer(u"DELETE FROM salarie"_s);
         base.RsSalarie.requery();
-        SupprimerSalarie(base, dialogue); // without a row, without a word
+        supprimerSalarie(base, dialogue); // without a row, without a word
         QVERIFY(dialogue.acheve());
     }
 
@@ -209,7 +209,7 @@ private slots:
                 dialogue.attendreAvertissement(u"Fichier incorrect! Importation échouée!!"_s);
             QString comptes;
             qint64 derniere = -1;
-            const ImportSalaries resultat = ImporterSalaries(
+            const ImportSalaries resultat = importerSalaries(
                 base, dialogue,
                 {[&](qint64 lignes) { derniere = lignes; },
                  [&](const ImportSalaries &r) { comptes = u"%1/%2"_s.arg(r.ajoutes).arg(r.ignores); }});
@@ -239,15 +239,15 @@ private slots:
         DialogueScenario dialogue;
         dialogue.attendreFichier(u""_s); // abandoned: without a word
         const SuiviImport rien{[](qint64) {}, [](const ImportSalaries &) {}};
-        QVERIFY(!ImporterSalaries(donnees.base, dialogue, rien).fait);
+        QVERIFY(!importerSalaries(donnees.base, dialogue, rien).fait);
         dialogue.attendreFichier(u"/introuvable/salaries.txt"_s);
-        QVERIFY(!ImporterSalaries(donnees.base, dialogue, rien).fait);
+        QVERIFY(!importerSalaries(donnees.base, dialogue, rien).fait);
 
         dialogue.attendreFichier(
             donnees.fichier(u"s.txt"_s, marque + employeur + salarie("882345678911", "DUPONT")));
         dialogue.attendreInformation(u"Employeur: 12345678\nBATIR & FILS\najouté."_s);
         dialogue.attendreInformation(u"Lecture Du Fichier Effectuée Avec Succès !  Résultat Affiché !"_s);
-        QVERIFY(ImporterSalaries(donnees.base, dialogue, rien).fait);
+        QVERIFY(importerSalaries(donnees.base, dialogue, rien).fait);
         QCOMPARE(
             donnees.lignes(u"SELECT * FROM salarie"_s),
             QStringList{

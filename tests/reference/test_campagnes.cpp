@@ -126,7 +126,7 @@ private slots:
         QTest::addColumn<QString>("saisie");
         QTest::addColumn<QString>("refus");
         QTest::addColumn<QString>("ligne");
-        const int cetteAnnee = Aujourdhui().year();
+        const int cetteAnnee = aujourdhui().year();
         QTest::newRow("nothing") << QString() << choisir << QString();
         QTest::newRow("blanks") << u"    "_s << incorrecte << QString();
         QTest::newRow("letters") << u"deux"_s << incorrecte << QString();
@@ -156,7 +156,7 @@ private slots:
             m_dialogue->attendreAvertissement(refus);
         else
             attendu += ligne;
-        QCOMPARE(AjouterCampagne(base(), saisie, *m_dialogue), refus.isEmpty());
+        QCOMPARE(ajouterCampagne(base(), saisie, *m_dialogue), refus.isEmpty());
         QCOMPARE(annees(), attendu);
         if (refus.isEmpty())
             QCOMPARE(base().RsAnnee.entier(u"annee"), ligne.left(4).toInt());
@@ -192,7 +192,7 @@ private slots:
         base().RsPeriode.ajouter({{u"Code"_s, u"2019T1"}, {u"Etat"_s, u"O"}});
         if (!refus.isEmpty())
             m_dialogue->attendreAvertissement(refus);
-        QCOMPARE(AjouterPeriodes(base(), annee, trimestre, *m_dialogue), refus.isEmpty());
+        QCOMPARE(ajouterPeriodes(base(), annee, trimestre, *m_dialogue), refus.isEmpty());
         QCOMPARE(periodes(), lignes);
         QCOMPARE(base().RsPeriode.nombre(), lignes.size());
     }
@@ -208,17 +208,17 @@ private slots:
                               "(database or disk is full)"_s.arg(m_essai->chemin());
         m_dialogue->attendreAvertissement(existante);
         m_dialogue->attendreCritique(plein);
-        QVERIFY(!AjouterCampagne(base(), u"2021"_s, *m_dialogue));
+        QVERIFY(!ajouterCampagne(base(), u"2021"_s, *m_dialogue));
         m_dialogue->attendreAvertissement(autrePeriode);
         m_dialogue->attendreCritique(plein);
-        QVERIFY(!AjouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
+        QVERIFY(!ajouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
         QCOMPARE(annees(), anneesAvant);
         QCOMPARE(periodes(), periodesAvant);
         QCOMPARE(base().RsAnnee.nombre(), anneesAvant.size());
 
         base().Cnx.existe(u"PRAGMA max_page_count = 1000000"_s);
-        QVERIFY(AjouterCampagne(base(), u"2021"_s, *m_dialogue));
-        QVERIFY(AjouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
+        QVERIFY(ajouterCampagne(base(), u"2021"_s, *m_dialogue));
+        QVERIFY(ajouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
     }
 
     void deuxProgrammes()
@@ -228,7 +228,7 @@ private slots:
         // What the other one has added is seen, although the list here did not show it.
         autre.inserer(u"annee"_s, {{u"annee"_s, 2015}});
         m_dialogue->attendreAvertissement(u"Année déja créée!"_s);
-        QVERIFY(!AjouterCampagne(base(), u"2015"_s, *m_dialogue));
+        QVERIFY(!ajouterCampagne(base(), u"2015"_s, *m_dialogue));
         QCOMPARE(base().RsAnnee.nombre(), 1);
 
         base().Cnx.existe(u"PRAGMA busy_timeout = 20"_s);
@@ -239,13 +239,13 @@ private slots:
             Transaction tenue(autre);
             m_dialogue->attendreAvertissement(existante);
             m_dialogue->attendreCritique(occupee);
-            QVERIFY(!AjouterCampagne(base(), u"2021"_s, *m_dialogue));
+            QVERIFY(!ajouterCampagne(base(), u"2021"_s, *m_dialogue));
             m_dialogue->attendreAvertissement(autrePeriode);
             m_dialogue->attendreCritique(occupee);
-            QVERIFY(!AjouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
+            QVERIFY(!ajouterPeriodes(base(), u"2021"_s, u"T2"_s, *m_dialogue));
         }
         QVERIFY(periodes().isEmpty());
-        QVERIFY(AjouterCampagne(base(), u"2021"_s, *m_dialogue));
+        QVERIFY(ajouterCampagne(base(), u"2021"_s, *m_dialogue));
     }
 
     void fenetreCampagnes()
@@ -256,7 +256,7 @@ private slots:
         QCOMPARE(m_fenetre->objectName(), u"frmannee"_s);
         auto &liste = trouver<QComboBox>(u"cmbannee");
         auto &grille = trouver<Grille>(u"DataGrid1");
-        const int cetteAnnee = Aujourdhui().year();
+        const int cetteAnnee = aujourdhui().year();
         QCOMPARE(liste.count(), 6);
         QCOMPARE(liste.itemText(5), QString::number(cetteAnnee - 5));
         QCOMPARE(liste.currentText(), QString::number(cetteAnnee));
@@ -300,7 +300,7 @@ private slots:
         auto &annee = trouver<QComboBox>(u"cmbannee");
         auto &mois = trouver<QComboBox>(u"CmbMois");
         QCOMPARE(annee.count(), 11);
-        QCOMPARE(annee.itemText(10), QString::number(Aujourdhui().year() - 10));
+        QCOMPARE(annee.itemText(10), QString::number(aujourdhui().year() - 10));
         m_dialogue->attendreAvertissement(u"Veuillez selectionner l'exercice SVP"_s);
         cliquer(u"cmb_add");
         QVERIFY(annee.hasFocus());

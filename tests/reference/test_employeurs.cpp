@@ -60,9 +60,9 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(CreerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
         FicheEmployeur sansRien{u"87654321"_s, u"43"_s, u"ZED  "_s, u"Ici"_s, u"   "_s, u"  "_s};
-        QCOMPARE(rang(CreerEmployeur(essai.base, sansRien, dialogue)), pasDeRefus);
+        QCOMPARE(rang(creerEmployeur(essai.base, sansRien, dialogue)), pasDeRefus);
         QCOMPARE(essai.lignes(tousLesEmployeurs),
                  (QStringList{u"12345678|SARL L'Étoile; \"Sud\"|3, rue d'en bas|0660112233|a@b.dz"_s,
                               u"87654321|ZED|Ici||"_s}));
@@ -120,7 +120,7 @@ private slots:
             champ(fiche, valeur.key()) = valeur.value();
         for (const QString &boite : boites)
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(CreerEmployeur(essai.base, fiche, dialogue)), focus);
+        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(tousLesEmployeurs), avant);
     }
@@ -129,14 +129,14 @@ private slots:
     {
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(CtrlCleNouvelEmployeur(fiche, dialogue)), pasDeRefus);
-        QCOMPARE(rang(CtrlCleEmployeurModifie(fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(ctrlCleNouvelEmployeur(fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(ctrlCleEmployeurModifie(fiche, dialogue)), pasDeRefus);
         fiche.clemask = u"  "_s;
         dialogue.attendreAvertissement(u"Veillez saisir un numéro correct SVP"_s);
-        QCOMPARE(rang(CtrlCleNouvelEmployeur(fiche, dialogue)),
+        QCOMPARE(rang(ctrlCleNouvelEmployeur(fiche, dialogue)),
                  static_cast<int>(ChampEmployeur::num_empmask));
         dialogue.attendreAvertissement(u"Veillez Saisir un Numéro Correct SVP"_s);
-        QCOMPARE(rang(CtrlCleEmployeurModifie(fiche, dialogue)),
+        QCOMPARE(rang(ctrlCleEmployeurModifie(fiche, dialogue)),
                  static_cast<int>(ChampEmployeur::num_empmask));
     }
 
@@ -169,7 +169,7 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(CreerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         essai.base.Cnx.executer(u"INSERT INTO employeur VALUES ('11111111', 'A', 'B', '', '')"_s);
         const QStringList avant = essai.lignes(tousLesEmployeurs);
@@ -179,7 +179,7 @@ private slots:
             champ(fiche, valeur.key()) = valeur.value();
         for (const QString &boite : boites)
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(ModifierEmployeur(essai.base, fiche, lue, dialogue)), focus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(tousLesEmployeurs), avant);
     }
@@ -189,7 +189,7 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        CreerEmployeur(essai.base, fiche, dialogue);
+        creerEmployeur(essai.base, fiche, dialogue);
         essai.base.Cnx.executer(u"INSERT INTO employeur VALUES ('9', 'A', 'B', NULL, NULL)"_s);
         essai.base.Cnx.executer(
             u"INSERT INTO entete_das (num_emp, annee, Type) VALUES ('12345678', 2023, 1)"_s);
@@ -198,7 +198,7 @@ private slots:
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         QCOMPARE(lue.clemask, u"47"_s);
         fiche = {u"87654321"_s, u"43"_s, u"N'est; plus"_s, u"Là\nbas"_s, u"00 21 44 55"_s, u""_s};
-        QCOMPARE(rang(ModifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
         QCOMPARE(essai.lignes(tousLesEmployeurs),
                  (QStringList{u"87654321|N'est; plus|Là bas|00214455|"_s, u"9|A|B|NULL|NULL"_s}));
         // The declarations stay under the old number.
@@ -210,7 +210,7 @@ private slots:
         fiche = courte;
         fiche.num_empmask = u"12345678"_s;
         fiche.clemask = u"47"_s;
-        QCOMPARE(rang(ModifierEmployeur(essai.base, fiche, courte, dialogue)), pasDeRefus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, courte, dialogue)), pasDeRefus);
     }
 
     void suppression()
@@ -228,17 +228,17 @@ private slots:
         const QString titre = u"confirmation"_s;
         base.RsEmployeur.allerA(0);
         dialogue.attendreQuestion(question, false, titre);
-        QVERIFY(!SupprimerEmployeur(base, dialogue));
+        QVERIFY(!supprimerEmployeur(base, dialogue));
         dialogue.attendreQuestion(question, true, titre);
         dialogue.attendreAvertissement(
             u"Il existe une ou plusieurs en-têtes DAS pour cet employeur, supprimez les d'abord"_s);
-        QVERIFY(!SupprimerEmployeur(base, dialogue));
+        QVERIFY(!supprimerEmployeur(base, dialogue));
         QCOMPARE(base.RsEmployeur.nombre(), 2);
 
         // Headers of other declarations do not stand in the way.
         base.RsEmployeur.allerA(1);
         dialogue.attendreQuestion(question, true, titre);
-        QVERIFY(SupprimerEmployeur(base, dialogue));
+        QVERIFY(supprimerEmployeur(base, dialogue));
         QCOMPARE(essai.lignes(u"SELECT num_emp FROM employeur"_s), QStringList{u"11111111"_s});
     }
 
@@ -252,23 +252,23 @@ private slots:
         const QString titre = u"confirmation"_s;
         base.RsEmployeur.ajouter({{u"num_emp"_s, u"11111111"}, {u"rais_soc"_s, u"A"}, {u"adresse"_s, u"B"}});
         dialogue.attendreQuestion(question, true, titre);
-        QVERIFY(!SupprimerDepuisBanques(base, dialogue));
+        QVERIFY(!supprimerDepuisBanques(base, dialogue));
 
         base.RsBanque.ajouter({{u"Code"_s, u"001"}});
         base.Cnx.executer(u"INSERT INTO entete_das (num_emp, annee, Type) VALUES ('11111111', 2023, 1)"_s);
         dialogue.attendreQuestion(question, true, titre);
         dialogue.attendreAvertissement(
             u"Il existe une ou plusieurs en-têtes DAS pour cet employeur, supprimez les d'abord"_s);
-        QVERIFY(!SupprimerDepuisBanques(base, dialogue));
+        QVERIFY(!supprimerDepuisBanques(base, dialogue));
 
         base.Cnx.executer(u"DELETE FROM entete_das"_s);
         dialogue.attendreQuestion(question, true, titre);
-        QVERIFY(SupprimerDepuisBanques(base, dialogue));
+        QVERIFY(supprimerDepuisBanques(base, dialogue));
         QVERIFY(base.RsEmployeur.vide());
         QCOMPARE(essai.lignes(toutesLesBanques), QStringList{u"001|NULL|NULL"_s});
 
         dialogue.attendreQuestion(question, true, titre);
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, SupprimerDepuisBanques(base, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, supprimerDepuisBanques(base, dialogue));
     }
 
     void banques_data()
@@ -322,8 +322,8 @@ private slots:
         if (!boite.isEmpty())
             dialogue.attendreAvertissement(boite);
         QCOMPARE(rang(ajout
-                          ? CreerBanque(base, fiche, dialogue)
-                          : ModifierBanque(base, fiche, lireFicheBanque(base.RsBanque.courant()), dialogue)),
+                          ? creerBanque(base, fiche, dialogue)
+                          : modifierBanque(base, fiche, lireFicheBanque(base.RsBanque.courant()), dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
 
@@ -343,7 +343,7 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheBanque fiche{u"001"_s, u"ABREVIATION"_s, u"Banque"_s};
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, CreerBanque(essai.base, fiche, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, creerBanque(essai.base, fiche, dialogue));
         QVERIFY(essai.base.RsBanque.vide());
         QCOMPARE(essai.lignes(toutesLesBanques), QStringList());
     }
@@ -367,7 +367,7 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        CreerEmployeur(essai.base, fiche, dialogue);
+        creerEmployeur(essai.base, fiche, dialogue);
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         const qint64 pages = essai.base.Cnx.premiere(u"PRAGMA page_count"_s).entier(0);
         essai.base.Cnx.existe(u"PRAGMA max_page_count = %1"_s.arg(pages));
@@ -381,7 +381,7 @@ private slots:
                                     u"A"_s.repeated(50),     {}, {}};
             suivante.clemask = CleSS(suivante.num_empmask);
             try {
-                QCOMPARE(rang(CreerEmployeur(essai.base, suivante, dialogue)), pasDeRefus);
+                QCOMPARE(rang(creerEmployeur(essai.base, suivante, dialogue)), pasDeRefus);
                 ++ajoutes;
             } catch (const ErreurBase &erreur) {
                 echec = erreur.texte();
@@ -395,7 +395,7 @@ private slots:
         essai.base.RsEmployeur.allerA(0);
         fiche = lue;
         fiche.telEdit.clear();
-        QCOMPARE(rang(ModifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
     }
 
     /// The lock of another program is waited for, then told; nothing is written.
@@ -410,7 +410,7 @@ private slots:
         FicheEmployeur fiche = correcte;
         QString echec;
         try {
-            CreerEmployeur(essai.base, fiche, dialogue);
+            creerEmployeur(essai.base, fiche, dialogue);
         } catch (const ErreurBase &erreur) {
             echec = erreur.texte();
         }
@@ -418,7 +418,7 @@ private slots:
         QVERIFY(essai.base.RsEmployeur.vide());
 
         verrou.annuler();
-        QCOMPARE(rang(CreerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
     }
 
     /// A row that another program has changed or deleted since it was read is not overwritten.
@@ -427,19 +427,19 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        CreerEmployeur(essai.base, fiche, dialogue);
+        creerEmployeur(essai.base, fiche, dialogue);
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         Connexion autre;
         autre.ouvrir(essai.chemin());
         autre.executer(u"UPDATE employeur SET adresse = 'Ailleurs'"_s);
         fiche = lue;
         fiche.Rais_SocEdit = u"Autre"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, ModifierEmployeur(essai.base, fiche, lue, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, modifierEmployeur(essai.base, fiche, lue, dialogue));
         QCOMPARE(essai.base.RsEmployeur.texte(u"adresse"), u"Ailleurs"_s);
 
         autre.executer(u"DELETE FROM employeur"_s);
         dialogue.attendreQuestion(u"confirmer la suppression?"_s, true, u"confirmation"_s);
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, SupprimerEmployeur(essai.base, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, supprimerEmployeur(essai.base, dialogue));
         QVERIFY(essai.base.RsEmployeur.vide());
     }
 };

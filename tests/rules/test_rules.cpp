@@ -168,9 +168,9 @@ private slots:
         QFETCH(double, valeur);
         QFETCH(QString, masque);
         QFETCH(QString, attendu);
-        QCOMPARE(FormatMasque(valeur, masque), attendu);
+        QCOMPARE(formatMasque(valeur, masque), attendu);
         if (std::abs(valeur) < 1e12)
-            QCOMPARE(FormatMasque(LireMontant(QString::number(valeur, 'f', 4)), masque), attendu);
+            QCOMPARE(formatMasque(LireMontant(QString::number(valeur, 'f', 4)), masque), attendu);
     }
 
     void nombresSimples()
@@ -180,8 +180,8 @@ private slots:
         QCOMPARE(texteNombre(1e16), u"10000000000000000"_s);
         QCOMPARE(texteNombre(0), u"0"_s);
         QCOMPARE(texteNombre(1e-7), u"0.0000001"_s);
-        QCOMPARE(LireNombre(u" 12,5 "), 12.5);
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, LireNombre(u"12 5"));
+        QCOMPARE(lireNombre(u" 12,5 "), 12.5);
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, lireNombre(u"12 5"));
     }
 
     void dates_data()
@@ -212,10 +212,10 @@ private slots:
         QFETCH(QDate, date);
         QCOMPARE(EstDate(texte), date.isValid());
         if (date.isValid()) {
-            QCOMPARE(LireDate(texte), date);
-            QCOMPARE(LireDate(TexteDate(date)), date);
+            QCOMPARE(lireDate(texte), date);
+            QCOMPARE(lireDate(texteDate(date)), date);
         } else {
-            QVERIFY_THROWS_EXCEPTION(ErreurConversion, LireDate(texte));
+            QVERIFY_THROWS_EXCEPTION(ErreurConversion, lireDate(texte));
         }
     }
 
@@ -264,12 +264,12 @@ private slots:
         QCOMPARE(CleSS(u""), u"99"_s);
         QVERIFY_THROWS_EXCEPTION(ErreurConversion, CleSS(u"12345 7890"));
 
-        QVERIFY(CleSSJuste(u"123456789029"));
-        QVERIFY(CleSSJuste(u"999999900000"));
-        QVERIFY(!CleSSJuste(u"123456789028"));
-        QVERIFY(!CleSSJuste(u"1234567890 9"));
-        QVERIFY(!CleSSJuste(u"999999999936"));
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, CleSSJuste(u"12345 789029"));
+        QVERIFY(cleSSJuste(u"123456789029"));
+        QVERIFY(cleSSJuste(u"999999900000"));
+        QVERIFY(!cleSSJuste(u"123456789028"));
+        QVERIFY(!cleSSJuste(u"1234567890 9"));
+        QVERIFY(!cleSSJuste(u"999999999936"));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, cleSSJuste(u"12345 789029"));
 
         const auto ccp = [](QString corps) {
             const QString cle = CleCCP(corps);
@@ -326,11 +326,11 @@ private slots:
 
     void comptesBancaires()
     {
-        QVERIFY(CompteBancaireValide(u"00112345678901234561")); // whatever the bank
-        QVERIFY(!CompteBancaireValide(u"00112345678901234562"));
-        QVERIFY(!CompteBancaireValide(u"00000000000000000000"));
-        QVERIFY(!CompteBancaireValide(u"0011234567890123456"));
-        QVERIFY(!CompteBancaireValide(u"                    "));
+        QVERIFY(compteBancaireValide(u"00112345678901234561")); // whatever the bank
+        QVERIFY(!compteBancaireValide(u"00112345678901234562"));
+        QVERIFY(!compteBancaireValide(u"00000000000000000000"));
+        QVERIFY(!compteBancaireValide(u"0011234567890123456"));
+        QVERIFY(!compteBancaireValide(u"                    "));
     }
 
     void telephones_data()

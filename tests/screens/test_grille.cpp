@@ -108,7 +108,7 @@ private slots:
         qputenv("HOME", m_foyer->path().toUtf8());
         reglages().clear();
         m_base = std::make_unique<Base>();
-        Demarrer(*m_base, m_dialogue);
+        demarrer(*m_base, m_dialogue);
         employeur(u"00000002"_s, u"Charpentes du Sud"_s);
         employeur(u"00000003"_s, u"Atelier"_s);
         employeur(u"00000001"_s, u"Bâtir"_s);

@@ -458,7 +458,7 @@ private slots:
         const Foyer foyer;
         {
             Base base;
-            Demarrer(base, m_dialogue);
+            demarrer(base, m_dialogue);
             for (const QString &ordre : sql.split(u';', Qt::SkipEmptyParts))
                 base.Cnx.definir(ordre);
         }

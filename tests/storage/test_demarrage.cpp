@@ -31,9 +31,9 @@ const QString creees[] = {
     u"table Wilaya crée, Veuillez relancer une seconde fois l'application, SVP"_s};
 
 /// One start that must show exactly the boxes of the scenario.
-Demarrage demarrer(DialogueScenario &dialogue, Base &base)
+Demarrage demarrerAvec(DialogueScenario &dialogue, Base &base)
 {
-    const Demarrage resultat = Demarrer(base, dialogue);
+    const Demarrage resultat = demarrer(base, dialogue);
     dialogue.acheve();
     return resultat;
 }
@@ -78,7 +78,7 @@ int demarrerJusquAuBout()
     } muet;
     for (int fois = 1; fois < 20; ++fois) {
         Base base;
-        if (Demarrer(base, muet).issue == Demarrage::Complet)
+        if (demarrer(base, muet).issue == Demarrage::Complet)
             return fois;
     }
     return -1;
@@ -100,7 +100,7 @@ private slots:
         {
             DialogueScenario dialogue;
             Base base;
-            const Demarrage resultat = demarrer(dialogue, base);
+            const Demarrage resultat = demarrerAvec(dialogue, base);
             QCOMPARE(resultat.issue, Demarrage::Complet);
             QVERIFY(!resultat.wdasPermis);
             QCOMPARE(base.RsBanque.nombre(), 24);
@@ -125,7 +125,7 @@ private slots:
         const QByteArray avant = lireFichier(cheminBanques());
         DialogueScenario dialogue;
         Base base;
-        const Demarrage resultat = demarrer(dialogue, base);
+        const Demarrage resultat = demarrerAvec(dialogue, base);
         QCOMPARE(resultat.issue, Demarrage::Complet);
         QVERIFY(resultat.wdasPermis);
         QCOMPARE(base.RsBanque.nombre(), 24);
@@ -154,7 +154,7 @@ private slots:
         else
             dialogue.attendreCritique(incorrecte);
         Base base;
-        const Demarrage resultat = demarrer(dialogue, base);
+        const Demarrage resultat = demarrerAvec(dialogue, base);
         QCOMPARE(base.RsSalarie.nombre(), 50);
         QCOMPARE(base.RsSalarie.ligne(49).texte(u"Num_Salarie"), u"000000000050"_s);
         QCOMPARE(base.RsSalarie.columnCount(), connu ? 28 : colonnes);
@@ -184,11 +184,11 @@ private slots:
             DialogueScenario dialogue;
             dialogue.attendreInformation(message);
             Base base;
-            QCOMPARE(demarrer(dialogue, base).issue, Demarrage::FinProgramme);
+            QCOMPARE(demarrerAvec(dialogue, base).issue, Demarrage::FinProgramme);
         }
         DialogueScenario dialogue;
         Base base;
-        QCOMPARE(demarrer(dialogue, base).issue, Demarrage::Complet);
+        QCOMPARE(demarrerAvec(dialogue, base).issue, Demarrage::Complet);
         for (const Recordset *rs : {&base.RsBanque, &base.RsCommune, &base.RsWilaya})
             QCOMPARE(rs->nombre(), 1);
         // The indexes came with the tables or at the end of the start.
@@ -231,14 +231,14 @@ private slots:
         QFETCH(QString, cause);
         QFETCH(bool, ensuite);
         Foyer foyer;
-        InstallerSiAbsente();
+        installerSiAbsente();
         changerBase(ordres);
         {
             DialogueScenario dialogue;
             Base base;
             QString texte;
             try {
-                Demarrer(base, dialogue);
+                demarrer(base, dialogue);
             } catch (const ErreurFatale &erreur) {
                 texte = erreur.texte();
             }
@@ -247,19 +247,19 @@ private slots:
         }
         DialogueScenario dialogue;
         Base base;
-        QCOMPARE(echecDe([&] { Demarrer(base, dialogue); }).isEmpty(), ensuite);
+        QCOMPARE(echecDe([&] { demarrer(base, dialogue); }).isEmpty(), ensuite);
     }
 
     void livreeAbsente()
     {
         Foyer foyer;
-        InstallerSiAbsente();
+        installerSiAbsente();
         changerBase({u"DROP TABLE entete_das"_s});
         DialogueScenario dialogue;
         Base base;
         bool deBase = false;
         try {
-            Demarrer(base, dialogue);
+            demarrer(base, dialogue);
         } catch (const ErreurBase &erreur) { // no end of the program
             deBase = erreur.texte().startsWith(u"La table « entete_das » n'existe pas.");
         }
@@ -313,7 +313,7 @@ private slots:
         QFETCH(QByteArray, octets);
         QFETCH(QString, issue);
         Foyer foyer;
-        InstallerSiAbsente();
+        installerSiAbsente();
         const QString chemin = dossierDas() + u"/%1s.txt"_s.arg(table);
         QVERIFY(QFile::remove(chemin));
         if (!octets.isNull())
@@ -327,7 +327,7 @@ private slots:
             dialogue.attendreCritique(incorrecte);
         }
         Base base;
-        const Demarrage resultat = demarrer(dialogue, base);
+        const Demarrage resultat = demarrerAvec(dialogue, base);
         Recordset &rs = table == u"Banque"    ? base.RsBanque
                         : table == u"Commune" ? base.RsCommune
                                               : base.RsWilaya;
@@ -347,7 +347,7 @@ private slots:
         ecrireFichier(chemin, "1234567890123Libelle\r\nEnd\r\n");
         Base suivante;
         DialogueScenario muet;
-        QCOMPARE(demarrer(muet, suivante).issue, Demarrage::Complet);
+        QCOMPARE(demarrerAvec(muet, suivante).issue, Demarrage::Complet);
         QCOMPARE(nombre(suivante.Cnx, table), 1);
     }
 
@@ -408,7 +408,7 @@ private slots:
         {
             Base essai;
             try {
-                Demarrer(essai, dialogue);
+                demarrer(essai, dialogue);
             } catch (const ErreurFatale &erreur) {
                 fatale = erreur.texte();
             }

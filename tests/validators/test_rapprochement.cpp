@@ -53,7 +53,7 @@ private slots:
         DialogueScenario dialogue;
         if (lu.isEmpty())
             dialogue.attendreAvertissement(u"Veuillez Saisir un Montant Correct S.V.P!!!"_s, u"DAS"_s);
-        QCOMPARE(QuitterMontantDac(saisi, dialogue), !lu.isEmpty());
+        QCOMPARE(quitterMontantDac(saisi, dialogue), !lu.isEmpty());
         QCOMPARE(saisi, lu);
     }
 
@@ -95,7 +95,7 @@ private slots:
             dialogue.attendreAvertissement(inferieur, titre);
         else
             dialogue.attendreAvertissement(u"Montant DAS Annuelle Supérieur du Total DACs"_s, titre);
-        QCOMPARE(VerifierDacs(saisie(montants), total, dialogue), verdict);
+        QCOMPARE(verifierDacs(saisie(montants), total, dialogue), verdict);
     }
 
     void conflits_data()
@@ -133,7 +133,7 @@ private slots:
                                            "S.V.P !!!"_s.arg(trimestres),
                                            u"DAS"_s);
         }
-        QCOMPARE(VerifierDacs(dacs, QString::number(SommeDacs(dacs)), dialogue),
+        QCOMPARE(verifierDacs(dacs, QString::number(SommeDacs(dacs)), dialogue),
                  trimestres.isEmpty() ? egal : QString());
     }
 };

@@ -25,9 +25,9 @@ void ChampsLigneDas::preparer(DernierRecours &dernierRecours, Dialogue &dialogue
     exclure(SOption, EOption);
 
     QObject::connect(Clend_naiss, &QCalendarWidget::clicked, mskdate,
-                     [champ = mskdate](QDate jour) { champ->setText(TexteDate(jour)); });
+                     [champ = mskdate](QDate jour) { champ->setText(texteDate(jour)); });
     surSortie(*mskdate, dernierRecours, [champ = mskdate, calendrier = Clend_naiss, &dialogue] {
-        if (!CtrlDateLigneDas(champ->text(), dialogue))
+        if (!ctrlDateLigneDas(champ->text(), dialogue))
             reprendreSaisie(*champ);
         else if (const auto jour = dateDe(champ->text()))
             calendrier->setSelectedDate(*jour);

@@ -67,7 +67,7 @@ void frm_add_lndas::vider()
 void frm_add_lndas::quitterCle()
 {
     const FicheLigneDas fiche = lire();
-    const SaisieNumero saisie = CtrlNumeroLigneDas(fiche, m_contexte.dialogue);
+    const SaisieNumero saisie = ctrlNumeroLigneDas(fiche, m_contexte.dialogue);
     if (saisie.numeroBon) {
         m_cpt_z = 1;
         m_champs.montrer(salarieDe(m_lignes, fiche.numero(), m_cpt_z));
@@ -94,7 +94,7 @@ void frm_add_lndas::inserer()
 void frm_add_lndas::enregistrer()
 {
     const FicheLigneDas fiche = lire();
-    const auto refus = AjouterLigneDas(m_lignes, fiche, m_contexte.dialogue);
+    const auto refus = ajouterLigneDas(m_lignes, fiche, m_contexte.dialogue);
     if (!refus) {
         vider();
         return;

@@ -15,7 +15,7 @@ frm_mod_ent::frm_mod_ent(Contexte &contexte, QWidget *parent)
 {
     m_ui->setupUi(this);
     const Enregistrement entete = contexte.base.RsEnteteDas.courant();
-    m_ui->sumedit->setText(FormatMasque(entete.montant(u"sum_annuel", Currency()), u"## ### ### ###.00"));
+    m_ui->sumedit->setText(formatMasque(entete.montant(u"sum_annuel", Currency()), u"## ### ### ###.00"));
     m_ui->totaledit->setText(QString::number(entete.entier(u"total_salarie", 0)));
     relier(m_ui->cmdok, m_ui->cmdcancel);
     surSortie(*m_ui->sumedit, contexte.dernierRecours, [this] {
@@ -30,7 +30,7 @@ frm_mod_ent::~frm_mod_ent() = default;
 
 void frm_mod_ent::enregistrer()
 {
-    const RefusEntete refus = ModifierEntete(m_contexte.base, genreDas(), m_ui->sumedit->text(),
+    const RefusEntete refus = modifierEntete(m_contexte.base, genreDas(), m_ui->sumedit->text(),
                                              m_ui->totaledit->text(), m_contexte.dialogue);
     if (!refus)
         accept();

@@ -40,7 +40,7 @@ void frm_modif_lndas::enregistrer()
 {
     FicheLigneDas fiche;
     m_champs.lire(fiche);
-    const ModificationLigneDas fin = ModifierLigneDas(m_lignes, fiche, m_contexte.dialogue);
+    const ModificationLigneDas fin = modifierLigneDas(m_lignes, fiche, m_contexte.dialogue);
     if (fin.issue == IssueModification::Faite)
         accept();
     else

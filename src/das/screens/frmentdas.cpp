@@ -33,11 +33,11 @@ frmentdas::frmentdas(Contexte &contexte)
     Base &base = contexte.base;
     surClic(m_ui->cmdajt, [this] { ajouter(); });
     surClic(m_ui->cmdmod, [this] { frm_mod_ent(m_contexte, this).exec(); });
-    surClic(m_ui->cmdDelete, [this, &base] { SupprimerEntete(base, genreDas(), m_contexte.dialogue); });
-    surClic(m_ui->cmdsup, [this, &base] { SupprimerEnteteSeul(base, genreDas(), m_contexte.dialogue); });
+    surClic(m_ui->cmdDelete, [this, &base] { supprimerEntete(base, genreDas(), m_contexte.dialogue); });
+    surClic(m_ui->cmdsup, [this, &base] { supprimerEnteteSeul(base, genreDas(), m_contexte.dialogue); });
     surClic(m_ui->cmddetail, [this] { ouvrirLignes(); });
     surClic(m_ui->cmdexpor,
-            [this, &base] { ExporterDas(base, m_ui->chkChemin->isChecked(), m_contexte.dialogue); });
+            [this, &base] { exporterDas(base, m_ui->chkChemin->isChecked(), m_contexte.dialogue); });
     connect(m_ui->sumedit, &QLineEdit::returnPressed, m_ui->total_salEdit,
             [this] { reprendreSaisie(*m_ui->total_salEdit); });
     connect(m_ui->total_salEdit, &QLineEdit::returnPressed, m_ui->cmdajt, &QPushButton::click);
@@ -71,7 +71,7 @@ void frmentdas::remplirListes()
 
 void frmentdas::ajouter()
 {
-    const RefusEntete refus = AjouterEntete(m_contexte.base, genreDas(),
+    const RefusEntete refus = ajouterEntete(m_contexte.base, genreDas(),
                                             {.cmbemp = m_ui->cmbemp->currentText(),
                                              .periode = m_ui->cmbannee->currentText(),
                                              .cmplCheck = m_ui->cmplCheck->isChecked(),
@@ -121,7 +121,7 @@ void frmentdas::montrerSommes()
         return entete.estVide() || entete.estNul(colonne) ? QString() : QString(montrer(colonne));
     };
     m_ui->calcsumEdit->setText(texte(u"sum_calc"_s, [&](const QString &colonne) {
-        return FormatMasque(entete.montant(colonne), u"## ### ### ### ###.00");
+        return formatMasque(entete.montant(colonne), u"## ### ### ### ###.00");
     }));
     m_ui->calcsalEdit->setText(texte(
         u"total_calc"_s, [&](const QString &colonne) { return QString::number(entete.entier(colonne)); }));

@@ -30,7 +30,7 @@ std::optional<Refus> frm_add_sal::enregistrer(FicheSalarie &fiche)
         m_ui->cle_ccpmask->setText(m_ui->cle_ccpmask->vide());
         commencer();
     };
-    return CreerSalarie(fiche, m_contexte.base, m_contexte.dialogue,
+    return creerSalarie(fiche, m_contexte.base, m_contexte.dialogue,
                         {[this](const FicheSalarie &rendue) { montrer(rendue); }, vider});
 }
 

@@ -19,7 +19,7 @@ frm_mod_sal::frm_mod_sal(Contexte &contexte, QWidget *parent)
 
 std::optional<Refus> frm_mod_sal::enregistrer(FicheSalarie &fiche)
 {
-    return ModifierSalarie(fiche, m_ancien, m_contexte.base, m_contexte.dialogue,
+    return modifierSalarie(fiche, m_ancien, m_contexte.base, m_contexte.dialogue,
                            {[this](const FicheSalarie &rendue) { montrer(rendue); }, [this] { accept(); }});
 }
 

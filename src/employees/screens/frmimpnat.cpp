@@ -27,7 +27,7 @@ FrmImpNat::~FrmImpNat() = default;
 
 void FrmImpNat::importer()
 {
-    ImporterNationalites(m_contexte.base, m_contexte.dialogue);
+    importerNationalites(m_contexte.base, m_contexte.dialogue);
     montrerNombre();
 }
 

@@ -44,7 +44,7 @@ void FrmImpSal::importer()
         m_ui->LabSalIgn->setText(u"Salariés Ignorés : %1"_s.arg(resultat.ignores));
         m_ui->LabTot->setText(u"Total : %1"_s.arg(resultat.ajoutes + resultat.ignores));
     };
-    const ImportSalaries resultat = ImporterSalaries(m_contexte.base, m_contexte.dialogue,
+    const ImportSalaries resultat = importerSalaries(m_contexte.base, m_contexte.dialogue,
                                                      {[this](qint64 lignes) { avancer(lignes); }, compter});
     if (resultat.employeurAjoute && !m_contexte.base.RsAnnee.vide())
         m_contexte.menu.permettre(u"wdas"_s, true);

@@ -33,7 +33,7 @@ frmsalarie::frmsalarie(Contexte &contexte)
     m_ui->cmdend->setEnabled(!m_salaries.vide());
     surClic(m_ui->cmdajt, [this] { ajouter(); });
     surClic(m_ui->cmdmodif, [this] { modifier(); });
-    surClic(m_ui->cmdsup, [this] { SupprimerSalarie(m_contexte.base, m_contexte.dialogue); });
+    surClic(m_ui->cmdsup, [this] { supprimerSalarie(m_contexte.base, m_contexte.dialogue); });
 
     DernierRecours &recours = contexte.dernierRecours;
     recours.connecter(&m_salaries, &Recordset::ligneCouranteChangee, this, &frmsalarie::montrerCourant);
@@ -86,7 +86,7 @@ QString frmsalarie::nationaliteDe(const QString &numero)
 {
     if (m_numeroMontre == numero)
         return m_ui->Lab13->text();
-    const QString nationalite = NationaliteSalarie(m_contexte.base.Cnx, numero);
+    const QString nationalite = nationaliteSalarie(m_contexte.base.Cnx, numero);
     m_numeroMontre = numero;
     return nationalite;
 }
@@ -102,5 +102,5 @@ void frmsalarie::showEvent(QShowEvent *evenement)
 void frmsalarie::closeEvent(QCloseEvent *evenement)
 {
     FenetreTable::closeEvent(evenement);
-    m_contexte.dernierRecours.agir([this] { MontrerTousSalaries(m_salaries); });
+    m_contexte.dernierRecours.agir([this] { montrerTousSalaries(m_salaries); });
 }

@@ -17,7 +17,7 @@ RechercheSalaries::RechercheSalaries(const Controles &controles, Recordset &sala
     dernierRecours.connecter(m_controles.chercher, &QAbstractButton::clicked, this,
                              &RechercheSalaries::chercher);
     dernierRecours.connecter(m_controles.tous, &QAbstractButton::clicked, this,
-                             [this] { MontrerTousSalaries(m_salaries); });
+                             [this] { montrerTousSalaries(m_salaries); });
     m_controles.texte->installEventFilter(this);
 }
 
@@ -32,7 +32,7 @@ void RechercheSalaries::chercher()
     const CritereSalarie critere = m_controles.nom->isChecked()      ? CritereSalarie::Nom
                                    : m_controles.numero->isChecked() ? CritereSalarie::Numero
                                                                      : CritereSalarie::Aucun;
-    if (ChercherSalaries(m_salaries, critere, m_controles.texte->text()))
+    if (chercherSalaries(m_salaries, critere, m_controles.texte->text()))
         m_controles.tous->setEnabled(true);
 }
 
@@ -45,7 +45,7 @@ void RechercheSalaries::recommencer()
     }
     m_controles.texte->clear();
     m_controles.chercher->setEnabled(false);
-    MontrerTousSalaries(m_salaries);
+    montrerTousSalaries(m_salaries);
     m_controles.tous->setEnabled(!m_salaries.vide());
 }
 

@@ -22,7 +22,7 @@ add_bnq::~add_bnq() = default;
 void add_bnq::creer()
 {
     FicheBanque fiche = m_champs.lire();
-    if (const RefusBanque refus = CreerBanque(m_contexte.base, fiche, m_contexte.dialogue)) {
+    if (const RefusBanque refus = creerBanque(m_contexte.base, fiche, m_contexte.dialogue)) {
         m_champs.reprendre(*refus);
         return;
     }

@@ -26,7 +26,7 @@ add_emp::add_emp(Contexte &contexte, QWidget *parent)
         }
     });
     surSortie(*m_ui->clemask, contexte.dernierRecours, [this] {
-        if (const RefusEmployeur refus = CtrlCleNouvelEmployeur(m_champs.lire(), m_contexte.dialogue))
+        if (const RefusEmployeur refus = ctrlCleNouvelEmployeur(m_champs.lire(), m_contexte.dialogue))
             m_champs.reprendre(*refus);
     });
     surClic(m_ui->Command1, [this] { creer(); });
@@ -38,7 +38,7 @@ void add_emp::creer()
 {
     Base &base = m_contexte.base;
     FicheEmployeur fiche = m_champs.lire();
-    const RefusEmployeur refus = CreerEmployeur(base, fiche, m_contexte.dialogue);
+    const RefusEmployeur refus = creerEmployeur(base, fiche, m_contexte.dialogue);
     if (refus) {
         m_champs.ecrire(fiche);
         m_champs.reprendre(*refus);

@@ -42,7 +42,7 @@ void Frm_BNQ::ajouter()
 void Frm_BNQ::supprimer()
 {
     Base &base = m_contexte.base;
-    if (!SupprimerDepuisBanques(base, m_contexte.dialogue) || !base.RsEmployeur.vide())
+    if (!supprimerDepuisBanques(base, m_contexte.dialogue) || !base.RsEmployeur.vide())
         return;
     m_plusDEmployeur = true;
     permettre();

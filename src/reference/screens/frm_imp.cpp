@@ -42,6 +42,6 @@ void Frm_imp::ajouter()
 void Frm_imp::supprimer()
 {
     Base &base = m_contexte.base;
-    if (SupprimerEmployeur(base, m_contexte.dialogue) && base.RsEmployeur.vide())
+    if (supprimerEmployeur(base, m_contexte.dialogue) && base.RsEmployeur.vide())
         m_contexte.menu.permettre(u"wdas"_s, false);
 }

@@ -28,7 +28,7 @@ frmannee::~frmannee() = default;
 
 void frmannee::ajouter()
 {
-    if (!AjouterCampagne(m_contexte.base, m_ui->cmbannee->currentText(), m_contexte.dialogue)) {
+    if (!ajouterCampagne(m_contexte.base, m_ui->cmbannee->currentText(), m_contexte.dialogue)) {
         reprendreSaisie(*m_ui->cmbannee);
         return;
     }

@@ -25,7 +25,7 @@ frmPeriode::~frmPeriode() = default;
 
 void frmPeriode::ajouter()
 {
-    if (AjouterPeriodes(m_contexte.base, m_ui->cmbannee->currentText(), m_ui->CmbMois->currentText(),
+    if (ajouterPeriodes(m_contexte.base, m_ui->cmbannee->currentText(), m_ui->CmbMois->currentText(),
                         m_contexte.dialogue))
         return;
     const bool anneeChoisie = m_ui->cmbannee->currentIndex() >= 0;

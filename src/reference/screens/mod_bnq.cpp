@@ -28,7 +28,7 @@ mod_bnq::~mod_bnq() = default;
 void mod_bnq::modifier()
 {
     FicheBanque fiche = m_champs.lire();
-    if (const RefusBanque refus = ModifierBanque(m_contexte.base, fiche, m_lue, m_contexte.dialogue)) {
+    if (const RefusBanque refus = modifierBanque(m_contexte.base, fiche, m_lue, m_contexte.dialogue)) {
         m_champs.reprendre(*refus);
         return;
     }

@@ -20,7 +20,7 @@ mod_emp::mod_emp(Contexte &contexte, QWidget *parent)
     m_champs.reprendre(ChampEmployeur::num_empmask);
     relier(m_ui->OKButton, m_ui->CancelButton);
     surSortie(*m_ui->clemask, contexte.dernierRecours, [this] {
-        if (const RefusEmployeur refus = CtrlCleEmployeurModifie(m_champs.lire(), m_contexte.dialogue))
+        if (const RefusEmployeur refus = ctrlCleEmployeurModifie(m_champs.lire(), m_contexte.dialogue))
             m_champs.reprendre(*refus);
     });
     surClic(m_ui->OKButton, [this] { modifier(); });
@@ -31,7 +31,7 @@ mod_emp::~mod_emp() = default;
 void mod_emp::modifier()
 {
     FicheEmployeur fiche = m_champs.lire();
-    const RefusEmployeur refus = ModifierEmployeur(m_contexte.base, fiche, m_lue, m_contexte.dialogue);
+    const RefusEmployeur refus = modifierEmployeur(m_contexte.base, fiche, m_lue, m_contexte.dialogue);
     if (refus) {
         m_champs.ecrire(fiche);
         m_champs.reprendre(*refus);

@@ -44,9 +44,9 @@ FrmGenCle::~FrmGenCle() = default;
 void FrmGenCle::generer()
 {
     // Each key shows before the next number is looked at, which may be refused.
-    montrer(*m_ui->LabSS, CleDuSS(m_ui->TxtSS->text()));
-    montrer(*m_ui->LabCCP, CleDuCCP(m_ui->TxtCCP->text()));
-    montrer(*m_ui->labRipRIB, VerdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue));
+    montrer(*m_ui->LabSS, cleDuSS(m_ui->TxtSS->text()));
+    montrer(*m_ui->LabCCP, cleDuCCP(m_ui->TxtCCP->text()));
+    montrer(*m_ui->labRipRIB, verdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue));
 }
 
 /// The verdict on the account stays, which is meant.

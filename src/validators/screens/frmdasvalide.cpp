@@ -66,7 +66,7 @@ void FrmDasValide::ViderDacs()
 void FrmDasValide::quitter(QLineEdit &boite)
 {
     QString texte = boite.text();
-    const bool accepte = QuitterMontantDac(texte, m_contexte.dialogue);
+    const bool accepte = quitterMontantDac(texte, m_contexte.dialogue);
     boite.setText(texte);
     if (accepte)
         SommeDacs();
@@ -77,5 +77,5 @@ void FrmDasValide::quitter(QLineEdit &boite)
 void FrmDasValide::verifier()
 {
     m_ui->LabDAS3->clear();
-    m_ui->LabDAS3->setText(VerifierDacs(saisie(), m_ui->LabTotSalaires->text(), m_contexte.dialogue));
+    m_ui->LabDAS3->setText(verifierDacs(saisie(), m_ui->LabTotSalaires->text(), m_contexte.dialogue));
 }
