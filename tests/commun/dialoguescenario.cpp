@@ -101,6 +101,8 @@ bool DialogueScenario::prendre(Attente::Genre genre, const QString &venu, Attent
 
 bool DialogueScenario::montrer(const Boite &boite)
 {
+    if (aChaqueBoite)
+        aChaqueBoite();
     Attente attente;
     if (!prendre(Attente::DeBoite, dire(boite), attente))
         return false;

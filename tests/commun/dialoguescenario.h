@@ -5,6 +5,19 @@
 #include <QList>
 #include <QStringList>
 
+#include <functional>
+
+/// The clerk who says yes to everything and chooses no file.
+class DialogueOui : public Dialogue
+{
+public:
+    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
+
+protected:
+    bool montrer(const Boite &) override { return true; }
+};
+
 /// A dialogue that holds the boxes a test expects, in order, with the clerk's answers. It fails the test on
 /// the first box that differs in text, title, icon or buttons, and on expected boxes that never came.
 class DialogueScenario : public Dialogue
@@ -27,6 +40,9 @@ public:
 
     /// Whether every expected box came; fails the test otherwise, naming the first that did not.
     bool acheve();
+
+    /// Runs while each box stands, so that a test can look at what is behind it.
+    std::function<void()> aChaqueBoite;
 
     QString choisirFichier(const QString &titre, const QString &filtre) override;
     QString choisirDestination(const QString &titre, const QString &propose, const QString &filtre) override;

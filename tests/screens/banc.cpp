@@ -1,0 +1,37 @@
+#include "tests/screens/banc.h"
+
+#include "storage/base.h"
+
+#include <QTest>
+#include <QTimer>
+
+void MenuTemoin::permettre(const QString &entree, bool permis)
+{
+    dits += entree + (permis ? QChar(u'+') : QChar(u'-'));
+}
+
+Banc::Banc(Base &base)
+    : recours(dialogue, [&base] { base.Cnx.annulerTransaction(); }), contexte{base, dialogue, recours, bornes,
+                                                                              menu}
+{
+}
+
+void Banc::activer(QWidget &fenetre)
+{
+    fenetre.activateWindow();
+    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == &fenetre; }))
+        qFatal("%s does not become active", qPrintable(fenetre.objectName()));
+}
+
+void dansLaFenetre(const std::function<void(QWidget &)> &gestes)
+{
+    QTimer::singleShot(0, qApp, [gestes] {
+        QWidget *fenetre = QApplication::activeModalWidget();
+        if (!fenetre)
+            return QTest::qFail("no window has opened", __FILE__, __LINE__);
+        Banc::activer(*fenetre);
+        gestes(*fenetre);
+        if (fenetre->isVisible())
+            fenetre->close();
+    });
+}

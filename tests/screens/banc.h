@@ -1,0 +1,53 @@
+#pragma once
+
+#include "rules/calendrier.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/commun/gestes.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+/// A main menu that notes what the windows tell it: "wdas+" for an entry that is permitted, "wdas-"
+/// otherwise.
+class MenuTemoin : public MenuPrincipal
+{
+public:
+    void permettre(const QString &entree, bool permis) override;
+
+    QStringList dits;
+};
+
+/// All that a window gets from the program, for the tests of windows: boxes that are expected one by one, the
+/// last failure handler, the menu. Windows are driven through the routines of gestes.h.
+class Banc
+{
+public:
+    /// @param base open or not, as the windows need it; stays the caller's
+    explicit Banc(Base &base);
+
+    DialogueScenario dialogue;
+    DernierRecours recours;
+    MenuTemoin menu;
+    BornesDePeriode bornes;
+    Contexte contexte;
+
+    /// Shows a window and waits until it gets the keys.
+    template <typename Fenetre>
+    std::unique_ptr<Fenetre> ouvrir(Fenetre *fenetre)
+    {
+        fenetre->show();
+        activer(*fenetre);
+        return std::unique_ptr<Fenetre>(fenetre);
+    }
+
+    /// Makes a window the one that gets the keys.
+    static void activer(QWidget &fenetre);
+};
+
+/// Acts in the window that the next gesture opens modally, once it gets the keys; it is closed behind that.
+/// The test fails when no window opens.
+void dansLaFenetre(const std::function<void(QWidget &)> &gestes);
