@@ -232,12 +232,20 @@ std::optional<RefusLigneDas> ctrlSalarie(const LignesDeclaration &lignes, const 
 
 ModificationLigneDas refusee(ChampLigneDas focus) { return {IssueModification::Refusee, focus}; }
 
-ModificationLigneDas modifierLigne(LignesDeclaration &lignes, const FicheLigneDas &fiche, Dialogue &dialogue)
+/// Whether the line is still there, with whatever values.
+bool existe(const LignesDeclaration &lignes, const Enregistrement &lue)
+{
+    return !lue.estVide() && lignes.liste().chercher({{u"num_salarie"_s, lue.texte(u"num_salarie")},
+                                                      {u"cpt_z"_s, lue.entier(u"cpt_z")}}) >= 0;
+}
+
+ModificationLigneDas modifierLigne(LignesDeclaration &lignes, const Enregistrement &lue,
+                                   const FicheLigneDas &fiche, Dialogue &dialogue)
 {
     ControleLigneDas controle(differencesModification(), fiche, anneeDe(lignes), dialogue);
     if (const Refus refus = controle.montant())
         return refusee(*refus);
-    if (lignes.liste().courant().estVide()) {
+    if (!existe(lignes, lue)) {
         dialogue.avertir(u"Aucun élément à modifier"_s);
         return refusee(montantChamp);
     }
@@ -251,7 +259,7 @@ ModificationLigneDas modifierLigne(LignesDeclaration &lignes, const FicheLigneDa
     if (fiche.EOption || fiche.SOption) {
         champs += Champs{{u"date_es"_s, fiche.mskdate}, {u"type_date_es"_s, fiche.SOption ? u"S"_s : u"E"_s}};
     }
-    lignes.modifier(champs);
+    lignes.modifier(lue, champs);
     dialogue.informer(u"Ligne DAS modifiée avec succès!"_s);
     return {};
 }
@@ -283,11 +291,11 @@ std::optional<RefusLigneDas> ajouterLigneDas(LignesDeclaration &lignes, const Fi
     return {};
 }
 
-ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
-                                      Dialogue &dialogue)
+ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const Enregistrement &lue,
+                                      const FicheLigneDas &fiche, Dialogue &dialogue)
 {
     try {
-        return modifierLigne(lignes, fiche, dialogue);
+        return modifierLigne(lignes, lue, fiche, dialogue);
     } catch (const Erreur &) {
         // The action ends without a word: that is required. The transaction is rolled back already.
         return {IssueModification::Abandonnee, montantChamp};

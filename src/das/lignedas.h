@@ -67,9 +67,10 @@ struct ModificationLigneDas
     ChampLigneDas focus = ChampLigneDas::sal_annueledit;
 };
 
-/// Checks and changes the current line; the success is told.
-ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const FicheLigneDas &fiche,
-                                      Dialogue &dialogue);
+/// Checks and changes a line; the success is told.
+/// @param lue the line as the fields were filled from it; the empty one when there was none
+ModificationLigneDas modifierLigneDas(LignesDeclaration &lignes, const Enregistrement &lue,
+                                      const FicheLigneDas &fiche, Dialogue &dialogue);
 
 /// The fields of the change screen, from the line.
 FicheLigneDas remplirFicheLigneDas(const Enregistrement &ligne);

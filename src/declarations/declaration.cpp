@@ -8,12 +8,12 @@ CleDeclaration cleEntete(const GenreDeclaration &genre, const Enregistrement &en
             entete.entier(genre.entete.type)};
 }
 
-int rangEntete(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle)
+Enregistrement lireEntete(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle)
 {
-    return (base.*genre.entetes)
-        .chercher({{genre.entete.employeur, cle.employeur},
-                   {genre.entete.periode, cle.periode},
-                   {genre.entete.type, cle.type}});
+    return base.Cnx.premiere(
+        u"SELECT * FROM [%1] WHERE [%2] = ? AND [%3] = ? AND [%4] = ?"_s.arg(
+            (base.*genre.entetes).table(), genre.entete.employeur, genre.entete.periode, genre.entete.type),
+        {cle.employeur, cle.periode, cle.type});
 }
 
 Condition lignesDe(const GenreDeclaration &genre, const CleDeclaration &cle)

@@ -67,8 +67,8 @@ struct CleDeclaration
 /// The declaration of a header's row.
 CleDeclaration cleEntete(const GenreDeclaration &genre, const Enregistrement &entete);
 
-/// The row of RsEnteteDas or its like that holds the declaration; -1 when it is gone.
-int rangEntete(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle);
+/// The header of the declaration, read now; the empty row when it is gone.
+Enregistrement lireEntete(Base &base, const GenreDeclaration &genre, const CleDeclaration &cle);
 
 /// The lines of a declaration.
 Condition lignesDe(const GenreDeclaration &genre, const CleDeclaration &cle);

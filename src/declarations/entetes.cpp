@@ -92,8 +92,8 @@ RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const Fiche
     return {};
 }
 
-RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
-                           const QString &effectif, Dialogue &dialogue)
+RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
+                           const QString &somme, const QString &effectif, Dialogue &dialogue)
 {
     const QString sommeNette = sansBlancs(somme);
     const QString effectifNet = sansBlancs(effectif);
@@ -104,30 +104,30 @@ RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const QStr
                        u"Valeurs incorrectes!"_s, dialogue);
     }
     (base.*genre.entetes)
-        .modifier({{genre.entete.somme, LireMontant(sommeNette)},
-                   {genre.entete.effectif, effectifEntier(effectifNet)}});
+        .modifier(lue, {{genre.entete.somme, LireMontant(sommeNette)},
+                        {genre.entete.effectif, effectifEntier(effectifNet)}});
     return {};
 }
 
-bool supprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
+bool supprimerEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue, Dialogue &dialogue)
 {
-    Recordset &entetes = base.*genre.entetes;
     if (!dialogue.confirmer(genre.textes.supprimerEntete, u"Confirmation"_s))
         return false;
-    const Condition lignes = lignesDe(genre, cleEntete(genre, entetes.courant()));
+    const Condition lignes = lignesDe(genre, cleEntete(genre, lue));
     if (base.Cnx.existe(u"SELECT 1 FROM [%1] WHERE %2"_s.arg((base.*genre.lignes).table(), lignes.sql),
                         lignes.valeurs)) {
         dialogue.avertir(genre.textes.lignesPresentes);
         return false;
     }
-    entetes.supprimer();
+    (base.*genre.entetes).supprimer(lue);
     return true;
 }
 
-bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue)
+bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
+                         Dialogue &dialogue)
 {
     if (!dialogue.confirmer(u"Confirmez la suppression !"_s, u"Confirmation"_s))
         return false;
-    (base.*genre.entetes).supprimer();
+    (base.*genre.entetes).supprimer(lue);
     return true;
 }

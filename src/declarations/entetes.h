@@ -6,6 +6,7 @@
 
 class Base;
 class Dialogue;
+class Enregistrement;
 struct GenreDeclaration;
 
 /// The fields from which a header is made, as the screen holds them.
@@ -29,16 +30,18 @@ using RefusEntete = std::optional<ChampEntete>;
 RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
                           Dialogue &dialogue);
 
-/// Writes the two declared figures into the current header. Unlike a new header's they can't be zero: this is
-/// meant.
-RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const QString &somme,
-                           const QString &effectif, Dialogue &dialogue);
+/// Writes the two declared figures into a header. Unlike a new header's they can't be zero: this is meant.
+/// @param lue the header as it was shown
+RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
+                           const QString &somme, const QString &effectif, Dialogue &dialogue);
 
-/// Asks, and deletes the current header if it has no lines. @return whether it is gone
-bool supprimerEntete(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
+/// Asks, and deletes a header if it has no lines. @return whether it is gone
+bool supprimerEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
+                     Dialogue &dialogue);
 
-/// Asks, and deletes the current header without a look at its lines, which stay behind: this is meant.
-bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, Dialogue &dialogue);
+/// Asks, and deletes a header without a look at its lines, which stay behind: this is meant.
+bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
+                         Dialogue &dialogue);
 
 /// Whether a typed figure is a number; blanks count for nothing.
 bool estMontantSaisi(const QString &texte);

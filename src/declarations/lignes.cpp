@@ -48,20 +48,20 @@ void LignesDeclaration::ajouter(const Champs &champs)
     transaction.commit();
 }
 
-void LignesDeclaration::modifier(const Champs &champs)
+void LignesDeclaration::modifier(const Enregistrement &lue, const Champs &champs)
 {
     Transaction transaction(m_base.Cnx);
-    liste().modifier(champs);
+    liste().modifier(lue, champs);
     recalculer();
     transaction.commit();
 }
 
-void LignesDeclaration::supprimer(Dialogue &dialogue)
+void LignesDeclaration::supprimer(const Enregistrement &lue, Dialogue &dialogue)
 {
     if (!dialogue.confirmer(m_genre.textes.supprimerLigne, m_genre.textes.titreSupprimerLigne))
         return;
     Transaction transaction(m_base.Cnx);
-    liste().supprimer();
+    liste().supprimer(lue);
     recalculer();
     transaction.commit();
 }
@@ -70,12 +70,12 @@ void LignesDeclaration::supprimer(Dialogue &dialogue)
 void LignesDeclaration::recalculer()
 {
     Recordset &entetes = m_base.*m_genre.entetes;
-    const int rang = rangEntete(m_base, m_genre, m_cle);
-    if (rang < 0) {
+    // From the table itself: what another program has added up meanwhile is no reason to refuse.
+    const Enregistrement entete = lireEntete(m_base, m_genre, m_cle);
+    if (entete.estVide()) {
         throw ErreurBase(u"L'en-tête de cette déclaration (%1, %2, n° %3) n'existe plus."_s.arg(
             m_cle.employeur, m_cle.periode, QString::number(m_cle.type)));
     }
-    entetes.allerA(rang);
 
     QStringList expressions;
     for (const SommeEntete &somme : m_genre.sommes)
@@ -87,5 +87,5 @@ void LignesDeclaration::recalculer()
     Champs champs;
     for (int i = 0; i < m_genre.sommes.size(); ++i)
         champs.append({m_genre.sommes[i].colonne, totaux.entier(i)});
-    entetes.modifier(champs);
+    entetes.modifier(entete, champs);
 }

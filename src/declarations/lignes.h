@@ -26,10 +26,10 @@ public:
     /// Adds a line and makes it the current one; the list shows all lines again after a search.
     /// @param champs all columns but those of the declaration
     void ajouter(const Champs &champs);
-    /// Changes the current line.
-    void modifier(const Champs &champs);
-    /// Asks, and deletes the current line.
-    void supprimer(Dialogue &dialogue);
+    /// Changes a line. @param lue as it was read and shown; refused when it is not that any more
+    void modifier(const Enregistrement &lue, const Champs &champs);
+    /// Asks, and deletes a line.
+    void supprimer(const Enregistrement &lue, Dialogue &dialogue);
 
 private:
     void recalculer();

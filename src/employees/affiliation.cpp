@@ -302,19 +302,6 @@ void relireLignes(Base &base)
     }
 }
 
-/// Makes the employee current again who was when the screen was filled: between two saves another program may
-/// have deleted him, and his neighbour's row must not be written in his place.
-void revenirSur(Recordset &salaries, const AncienNumero &ancien)
-{
-    salaries.allerA(salaries.chercher({{u"Num_Salarie"_s, ancien.Num_Salarie}, {u"cpt_z"_s, ancien.cpt_z}}));
-    const Enregistrement courant = salaries.courant();
-    if (courant.texte(u"Num_Salarie").compare(ancien.Num_Salarie, Qt::CaseInsensitive) != 0 ||
-        courant.entier(u"cpt_z") != ancien.cpt_z) {
-        throw ErreurBase(u"L'employé %1 a été supprimé, ou son numéro changé, par un autre programme : rien "
-                         "n'a été enregistré."_s.arg(ancien.Num_Salarie));
-    }
-}
-
 } // namespace
 
 std::optional<Refus> creerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
@@ -367,9 +354,8 @@ std::optional<Refus> modifierSalarie(FicheSalarie &fiche, const AncienNumero &an
     if (Issue refus = completer(modification, fiche, base.Cnx, dialogue, suivi))
         return refus;
 
-    revenirSur(base.RsSalarie, ancien);
     Transaction transaction(base.Cnx);
-    base.RsSalarie.modifier(champsSalarie(modification, fiche, cpt_z));
+    base.RsSalarie.modifier(ancien.ligne, champsSalarie(modification, fiche, cpt_z));
     if (autreNumero)
         suivreNumero(base.Cnx, ancien, numeroComplet(fiche), cpt_z);
     transaction.commit();

@@ -25,6 +25,7 @@ QString articleDe(QStringView code, const QStringList &liste)
 AncienNumero ancienNumero(const Enregistrement &ligne)
 {
     AncienNumero ancien;
+    ancien.ligne = ligne;
     ancien.Num_Salarie = ligne.texte(u"Num_Salarie");
     ancien.cpt_z = ligne.entier(u"cpt_z");
     const QStringView numero = Trim(ancien.Num_Salarie);

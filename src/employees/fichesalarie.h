@@ -1,5 +1,6 @@
 #pragma once
 
+#include "storage/enregistrement.h"
 #include "rules/identite.h"
 
 #include <QString>
@@ -9,7 +10,6 @@
 
 class Connexion;
 class Dialogue;
-class Enregistrement;
 
 /// The ten digits of NumeroBlanc, without the key.
 inline constexpr QStringView ChiffresBlancs = u"0000000000";
@@ -60,6 +60,8 @@ struct FicheSalarie
 /// The number under which an employee was found when his change screen was filled.
 struct AncienNumero
 {
+    /// His row as it was read then.
+    Enregistrement ligne;
     /// As stored: with cpt_z, the key of the row.
     QString Num_Salarie;
     /// The digits without the key; blanks on the right when the stored number is short.

@@ -46,5 +46,5 @@ void supprimerSalarie(Base &base, Dialogue &dialogue)
         dialogue.avertir(u"Il Existe Une ou Plusieurs Lignes DAS pour ce Salarié, Supprimez Les d'abord"_s);
         return;
     }
-    base.RsSalarie.supprimer();
+    base.RsSalarie.supprimer(courant);
 }

@@ -95,11 +95,12 @@ FicheBanque lireFicheBanque(const Enregistrement &ligne)
     return {ligne.texte(u"Code"), ligne.texte(u"Abreviat"), ligne.texte(u"Libelle")};
 }
 
-RefusBanque modifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue)
+RefusBanque modifierBanque(Base &base, const Enregistrement &ligne, FicheBanque &fiche,
+                           const FicheBanque &lue, Dialogue &dialogue)
 {
     if (RefusBanque refus = ctrlBanqueModifiee(base, fiche, lue, dialogue))
         return refus;
-    base.RsBanque.modifier(champs(fiche));
+    base.RsBanque.modifier(ligne, champs(fiche));
     base.RsBanque.requery();
     return {};
 }

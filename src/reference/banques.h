@@ -30,10 +30,12 @@ RefusBanque creerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue);
 
 FicheBanque lireFicheBanque(const Enregistrement &ligne);
 
-/// Writes the fields into the current bank.
+/// Writes the fields into a bank.
+/// @param ligne the bank as it was read
 /// @param lue the fields as they were shown at first
 /// @throws ErreurBase as creerBanque() does
-RefusBanque modifierBanque(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue);
+RefusBanque modifierBanque(Base &base, const Enregistrement &ligne, FicheBanque &fiche,
+                           const FicheBanque &lue, Dialogue &dialogue);
 
 /// What the delete button of the banks' window does: it deletes the current employer, by the rules of
 /// supprimerEmployeur(). This is meant; a bank can't be deleted.

@@ -167,12 +167,12 @@ RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &di
     return ctrlCle(fiche, u"Veillez Saisir un Numéro Correct SVP"_s, dialogue);
 }
 
-RefusEmployeur modifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
-                                 Dialogue &dialogue)
+RefusEmployeur modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
+                                 const FicheEmployeur &lue, Dialogue &dialogue)
 {
     if (RefusEmployeur refus = ctrlEmployeurModifie(base, fiche, lue, dialogue))
         return refus;
-    base.RsEmployeur.modifier(champs(fiche));
+    base.RsEmployeur.modifier(ligne, champs(fiche));
     relire(base.RsEmployeur);
     return {};
 }
@@ -189,14 +189,14 @@ bool confirmerSuppression(Dialogue &dialogue)
 
 bool supprimerEmployeurCourant(Base &base, Dialogue &dialogue)
 {
-    if (base.RsEmployeur.ligneCourante() < 0)
+    const Enregistrement courant = base.RsEmployeur.courant();
+    if (courant.estVide())
         throw ErreurBase(u"Il n'y a pas d'employeur à supprimer."_s);
-    if (base.Cnx.existe(u"SELECT 1 FROM entete_das WHERE num_emp = ?"_s,
-                        {base.RsEmployeur.texte(u"num_emp")})) {
+    if (base.Cnx.existe(u"SELECT 1 FROM entete_das WHERE num_emp = ?"_s, {courant.texte(u"num_emp")})) {
         dialogue.avertir(
             u"Il existe une ou plusieurs en-têtes DAS pour cet employeur, supprimez les d'abord"_s);
         return false;
     }
-    base.RsEmployeur.supprimer();
+    base.RsEmployeur.supprimer(courant);
     return true;
 }

@@ -41,11 +41,12 @@ FicheEmployeur lireFicheEmployeur(const Enregistrement &ligne);
 /// The key of a changed employer, when its field is left.
 RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue);
 
-/// Writes the fields into the current employer, by the rules of creerEmployeur(). The declarations of an
-/// employer that gets another number stay under the old one: this is meant.
+/// Writes the fields into an employer, by the rules of creerEmployeur(). The declarations of an employer that
+/// gets another number stay under the old one: this is meant.
+/// @param ligne the employer as it was read
 /// @param lue the fields as they were shown at first
-RefusEmployeur modifierEmployeur(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
-                                 Dialogue &dialogue);
+RefusEmployeur modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
+                                 const FicheEmployeur &lue, Dialogue &dialogue);
 
 /// Deletes the current employer once the clerk has confirmed it. Only headers of the annual declaration stand
 /// in the way.

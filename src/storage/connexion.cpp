@@ -190,6 +190,7 @@ void Connexion::commencer()
         throw ErreurBase(u"Une transaction est déjà ouverte."_s);
     executer(u"BEGIN IMMEDIATE"_s);
     m_enTransaction = true;
+    emit transactionCommencee();
 }
 
 void Connexion::valider()

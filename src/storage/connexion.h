@@ -85,6 +85,7 @@ public:
     void annulerTransaction() noexcept;
 
 signals:
+    void transactionCommencee();
     /// What was written since the transaction began is undone.
     void transactionAnnulee();
 

@@ -68,8 +68,8 @@ QDate jourStocke(const QVariant &valeur)
     return QDate(nombre(jour.first(4)), nombre(jour.sliced(5, 2)), nombre(jour.sliced(8, 2)));
 }
 
-Enregistrement::Enregistrement(std::shared_ptr<const QStringList> noms, QVariantList valeurs)
-    : m_noms(std::move(noms)), m_valeurs(std::move(valeurs))
+Enregistrement::Enregistrement(std::shared_ptr<const QStringList> noms, QVariantList valeurs, qint64 rowid)
+    : m_noms(std::move(noms)), m_valeurs(std::move(valeurs)), m_rowid(rowid)
 {
 }
 

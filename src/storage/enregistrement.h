@@ -38,10 +38,13 @@ class Enregistrement
 public:
     /// No row.
     Enregistrement() = default;
-    Enregistrement(std::shared_ptr<const QStringList> noms, QVariantList valeurs);
+    /// @param rowid the row's number in its table; -1 for a row of a query
+    Enregistrement(std::shared_ptr<const QStringList> noms, QVariantList valeurs, qint64 rowid = -1);
 
     /// Whether there is no row: nothing was current, or the row is gone.
     bool estVide() const { return m_valeurs.isEmpty(); }
+
+    qint64 rowid() const { return m_rowid; }
 
     bool estNul(Col colonne) const { return valeur(colonne).isNull(); }
 
@@ -66,6 +69,9 @@ public:
 protected:
     std::shared_ptr<const QStringList> m_noms;
     QVariantList m_valeurs;
+
+private:
+    qint64 m_rowid = -1;
 };
 
 /// The day of a stored text yyyy-mm-dd; an invalid one for any other text.

@@ -82,6 +82,7 @@ Recordset::Recordset(Connexion &cnx, QString table, QList<Tri> tri, QObject *par
     : QAbstractTableModel(parent), m_cnx(cnx), m_table(std::move(table)), m_triPropre(std::move(tri)),
       m_lues(lignesGardees)
 {
+    connect(&m_cnx, &Connexion::transactionCommencee, this, &Recordset::avantTransaction);
     connect(&m_cnx, &Connexion::transactionAnnulee, this, &Recordset::apresAnnulation);
 }
 
@@ -154,6 +155,7 @@ QString Recordset::ordre() const
 
 Recordset::Rowids Recordset::lireRowids() const
 {
+    retenirLecture();
     const QString condition = m_condition.sql.isEmpty() ? QString() : u" WHERE (%1)"_s.arg(m_condition.sql);
     // In the order of entry the engine would sort what an index has found: numbers are sorted faster here.
     const QString tri = m_tri.isEmpty() ? QString() : u" ORDER BY "_s + ordre();
@@ -255,6 +257,7 @@ const QVariantList &Recordset::brutes(int ligne) const
     if (const QVariantList *lue = m_lues.object(voulu))
         return *lue;
 
+    retenirLecture();
     const QString sql = u"SELECT [%1] FROM [%2] WHERE rowid = ?"_s.arg(m_noms->join(u"], ["), m_table);
     const int debut = ligne / rangee * rangee;
     const int fin = std::min(debut + rangee, static_cast<int>(m_rowids.size()));
@@ -277,7 +280,9 @@ const QVariantList &Recordset::brutes(int ligne) const
 Enregistrement Recordset::ligne(int ligne) const
 {
     exigerOuvert();
-    return Enregistrement(m_noms, brutes(ligne));
+    const QVariantList &valeurs = brutes(ligne);
+    return valeurs.isEmpty() ? Enregistrement()
+                             : Enregistrement(m_noms, valeurs, m_rowids[static_cast<std::size_t>(ligne)]);
 }
 
 int Recordset::chercher(const Champs &champs) const
@@ -307,7 +312,7 @@ void Recordset::ajouter(const Champs &champs)
 {
     exigerOuvert();
     const qint64 rowid = m_cnx.inserer(m_table, champs);
-    retenirChangement();
+    retenirLecture();
     m_lues.remove(rowid);
     if (!correspond(rowid))
         return;
@@ -326,18 +331,33 @@ void Recordset::ajouter(const Champs &champs)
     emit ligneCouranteChangee(m_courante);
 }
 
-QString Recordset::inchangee(const QVariantList &lues, const QStringList &aussi, Valeurs &valeurs) const
+Condition Recordset::telleQueLue(const Enregistrement &lue, const QStringList &colonnes) const
 {
-    QString sql = u" WHERE rowid = ?"_s;
-    valeurs += rowidCourant();
-    for (qsizetype i = 0; i < m_noms->size(); ++i) {
-        const QString &nom = m_noms->at(i);
-        if (m_cle.isEmpty() || m_cle.contains(nom) || aussi.contains(nom)) {
-            sql += u" AND [%1] IS ?"_s.arg(nom);
-            valeurs += Valeur::brute(lues[i]);
-        }
+    Condition ligne;
+    if (m_cle.isEmpty())
+        ligne = {u"rowid = ?"_s, {lue.rowid()}};
+    for (const QString &nom : m_cle)
+        ligne = ligne && Condition{u"[%1] = ?"_s.arg(nom), {Valeur::brute(lue.valeur(nom))}};
+    for (const QString &nom : *m_noms) {
+        // To the letter: a name that is now in capitals has been changed, though it is found as before.
+        if (m_cle.isEmpty() || m_cle.contains(nom) || colonnes.contains(nom))
+            ligne =
+                ligne && Condition{u"[%1] COLLATE BINARY IS ?"_s.arg(nom), {Valeur::brute(lue.valeur(nom))}};
     }
-    return sql;
+    return ligne;
+}
+
+qint64 Recordset::ecrire(const QString &sql, const Valeurs &valeurs, const QStringList &colonnes,
+                         const Condition &ligne)
+{
+    const Enregistrement trouvee =
+        m_cnx.premiere(u"SELECT rowid FROM [%1] WHERE %2"_s.arg(m_table, ligne.sql), ligne.valeurs);
+    if (trouvee.estVide() ||
+        m_cnx.executer(sql + u" WHERE "_s + ligne.sql, valeurs + ligne.valeurs, colonnes) == 0)
+        refuserChangee();
+    retenirLecture();
+    m_lues.remove(trouvee.entier(0));
+    return trouvee.entier(0);
 }
 
 void Recordset::refuserChangee()
@@ -347,13 +367,11 @@ void Recordset::refuserChangee()
                      "La liste a été relue ; veuillez recommencer."_s.arg(m_table));
 }
 
-void Recordset::modifier(const Champs &champs)
+void Recordset::modifier(const Enregistrement &lue, const Champs &champs)
 {
     exigerOuvert();
-    const QVariantList lues = brutes(m_courante);
-    if (lues.isEmpty())
+    if (lue.estVide())
         refuserChangee();
-
     QStringList noms;
     QStringList affectations;
     Valeurs valeurs;
@@ -362,71 +380,73 @@ void Recordset::modifier(const Champs &champs)
         affectations += u"[%1] = ?"_s.arg(noms.last());
         valeurs += champ.valeur;
     }
-    const QString fin = inchangee(lues, noms, valeurs);
-    const QString sql = u"UPDATE [%1] SET %2%3"_s.arg(m_table, affectations.join(u", "), fin);
-    const qint64 rowid = rowidCourant();
-    if (m_cnx.executer(sql, valeurs, noms) == 0)
-        refuserChangee();
-    retenirChangement();
+    const qint64 rowid = ecrire(u"UPDATE [%1] SET %2"_s.arg(m_table, affectations.join(u", ")), valeurs, noms,
+                                telleQueLue(lue, noms));
 
-    m_lues.remove(rowid);
-    if (!correspond(rowid)) {
+    int ligne = ligneDe(rowid);
+    if (correspond(rowid) != (ligne >= 0)) {
         requery();
-        return;
+    } else if (ligne >= 0) {
+        const bool ordreTouche = std::any_of(m_tri.begin(), m_tri.end(), [&](const Tri &tri) {
+            return noms.contains(tri.colonne, Qt::CaseInsensitive);
+        });
+        if (ordreTouche)
+            ligne = deplacer(ligne);
+        emit dataChanged(index(ligne, 0), index(ligne, columnCount() - 1));
     }
-    const bool ordreTouche = std::any_of(m_tri.begin(), m_tri.end(), [&](const Tri &tri) {
-        return noms.contains(tri.colonne, Qt::CaseInsensitive);
-    });
-    if (ordreTouche)
-        deplacerCourante();
-    emit dataChanged(index(m_courante, 0), index(m_courante, columnCount() - 1));
 }
 
-void Recordset::deplacerCourante()
+int Recordset::deplacer(int ligne)
 {
-    const qint64 rowid = rowidCourant();
-    const int avant = m_courante;
+    const qint64 rowid = m_rowids[static_cast<std::size_t>(ligne)];
     Rowids autres = m_rowids;
-    autres.erase(autres.begin() + avant);
+    autres.erase(autres.begin() + ligne);
     const int apres = placeDe(rowid, autres);
-    if (apres == avant)
-        return;
-    beginMoveRows({}, avant, avant, {}, apres > avant ? apres + 1 : apres);
+    if (apres == ligne)
+        return ligne;
+    const qint64 courante = rowidCourant();
+    beginMoveRows({}, ligne, ligne, {}, apres > ligne ? apres + 1 : apres);
     m_rowids = std::move(autres);
     m_rowids.insert(m_rowids.begin() + apres, rowid);
-    m_courante = apres;
+    m_courante = ligneDe(courante);
     endMoveRows();
     emit ligneCouranteChangee(m_courante);
+    return apres;
 }
 
-void Recordset::supprimer()
+void Recordset::supprimer(const Enregistrement &lue)
 {
     exigerOuvert();
-    const QVariantList lues = brutes(m_courante);
-    if (lues.isEmpty())
+    if (lue.estVide())
         refuserChangee();
-    Valeurs valeurs;
-    const QString fin = inchangee(lues, {}, valeurs);
-    const QString sql = u"DELETE FROM [%1]%2"_s.arg(m_table, fin);
-    if (m_cnx.executer(sql, valeurs) == 0)
-        refuserChangee();
-    retenirChangement();
-
-    const int ligne = m_courante;
+    const qint64 rowid = ecrire(u"DELETE FROM [%1]"_s.arg(m_table), {}, {}, telleQueLue(lue, {}));
+    const int ligne = ligneDe(rowid);
+    if (ligne < 0)
+        return;
     beginRemoveRows({}, ligne, ligne);
-    m_lues.remove(rowidCourant());
     m_rowids.erase(m_rowids.begin() + ligne);
-    m_courante = std::min(ligne, static_cast<int>(m_rowids.size()) - 1);
+    if (ligne < m_courante)
+        --m_courante;
+    m_courante = std::min(m_courante, static_cast<int>(m_rowids.size()) - 1);
     endRemoveRows();
     emit ligneCouranteChangee(m_courante);
 }
 
+void Recordset::avantTransaction() noexcept
+{
+    m_luEnTransaction = false;
+    m_avantTransaction = rowidCourant();
+}
+
 void Recordset::apresAnnulation() noexcept
 {
-    if (!std::exchange(m_changeEnTransaction, false) || !m_ouvert)
+    if (!m_ouvert)
         return;
     try {
-        requery();
+        if (std::exchange(m_luEnTransaction, false))
+            montrer(lireRowids(), m_avantTransaction);
+        else
+            allerA(ligneDe(m_avantTransaction));
     } catch (const Erreur &) {
         fermer(); // it would show rows that are not there
     }

@@ -35,7 +35,11 @@ struct Tri
 /// opens at once and shows in a grid.
 ///
 /// The current row stays on the same row through a requery and a sort; an added row becomes current; when the
-/// current row is deleted its neighbour takes its place. Looking a row up never moves it.
+/// current row is deleted its neighbour takes its place. Looking a row up never moves it, and after a
+/// rollback it is the one that it was when the transaction began.
+///
+/// Rows are written by their key, as somebody has seen them: the current row is for showing, and where it
+/// stands decides of no write.
 ///
 /// All routines throw ErreurBase when the recordset is not open, except those of the model, which show no
 /// row, and estOuvert().
@@ -86,11 +90,13 @@ public:
 
     /// Adds a row; it becomes current when the condition lets it be seen.
     void ajouter(const Champs &champs);
-    /// Changes the current row. Refused when another program has changed these columns or the key, or deleted
-    /// the row, since it was read: the list is read again then, and ErreurBase thrown.
-    void modifier(const Champs &champs);
-    /// Deletes the current row; refused as modifier() is.
-    void supprimer();
+    /// Changes a row. Refused when it is gone, or when its key or one of these columns is no longer what was
+    /// read: the list is read again then, nothing moves, and ErreurBase is thrown. The same reading is
+    /// refused again at the next try, since nobody has seen what it would overwrite.
+    /// @param lue the row as it was read and shown: one of ligne() or courant(), or of a query with the key
+    void modifier(const Enregistrement &lue, const Champs &champs);
+    /// Deletes a row; refused as modifier() is.
+    void supprimer(const Enregistrement &lue);
 
     // Columns
 
@@ -123,7 +129,8 @@ private:
     Rowids lireRowids() const;
     /// Where the row belongs in a list that is in order.
     int placeDe(qint64 rowid, const Rowids &parmi) const;
-    void deplacerCourante();
+    /// Puts the row where the order wants it. @return its new place
+    int deplacer(int ligne);
     /// Shows these rows and puts the current row on that rowid, or where it was when it is gone.
     void montrer(Rowids rowids, qint64 rowidCourant);
     qint64 rowidCourant() const;
@@ -131,10 +138,14 @@ private:
     bool correspond(qint64 rowid) const;
     /// The raw values of a row, read together with its neighbours; empty when it is gone.
     const QVariantList &brutes(int ligne) const;
-    /// The end of an UPDATE or a DELETE: the row is still the one that was read.
-    QString inchangee(const QVariantList &lues, const QStringList &aussi, Valeurs &valeurs) const;
-    void refuserChangee();
-    void retenirChangement() { m_changeEnTransaction = m_changeEnTransaction || m_cnx.enTransaction(); }
+    /// The row, as long as its key and these columns are what was read.
+    Condition telleQueLue(const Enregistrement &lue, const QStringList &colonnes) const;
+    /// Runs an UPDATE or a DELETE of one row. @return the row's rowid; refuses when it is not there
+    qint64 ecrire(const QString &sql, const Valeurs &valeurs, const QStringList &colonnes,
+                  const Condition &ligne);
+    [[noreturn]] void refuserChangee();
+    void retenirLecture() const { m_luEnTransaction = m_luEnTransaction || m_cnx.enTransaction(); }
+    void avantTransaction() noexcept;
     void apresAnnulation() noexcept;
 
     Connexion &m_cnx;
@@ -143,7 +154,9 @@ private:
     QList<Tri> m_tri;
     Condition m_condition;
     bool m_ouvert = false;
-    bool m_changeEnTransaction = false;
+    /// Rows were read since the transaction began: they are not to be kept behind a rollback.
+    mutable bool m_luEnTransaction = false;
+    qint64 m_avantTransaction = -1; ///< rowid of the current row
 
     std::shared_ptr<const QStringList> m_noms = std::make_shared<const QStringList>();
     QList<Genre> m_genres;

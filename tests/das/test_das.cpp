@@ -241,7 +241,8 @@ private slots:
         DialogueScenario dialogue;
         if (ecrit.isEmpty())
             dialogue.attendreAvertissement(u"Valeurs incorrectes!"_s);
-        const RefusEntete refus = modifierEntete(essai.base, genreDas(), somme, effectif, dialogue);
+        const RefusEntete refus = modifierEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(),
+                                                 somme, effectif, dialogue);
         QCOMPARE(refus.has_value(), ecrit.isEmpty());
         QCOMPARE(essai.lignes(u"SELECT sum_annuel, total_salarie FROM entete_das"_s),
                  QStringList{ecrit.isEmpty() ? u"50000|5"_s : ecrit});
@@ -256,19 +257,19 @@ private slots:
         DialogueScenario dialogue;
         const QString confirmation = u"Confirmation"_s;
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, false, confirmation);
-        QVERIFY(!supprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(!supprimerEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), dialogue));
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, true, confirmation);
         dialogue.attendreAvertissement(
             u"Impossible de supprimer l'entête, supprimez ses lignes DAS d'abord!"_s);
-        QVERIFY(!supprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(!supprimerEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), dialogue));
         QCOMPARE(essai.base.RsEnteteDas.nombre(), 2);
 
         // The other button does not look at the lines.
         dialogue.attendreConfirmation(u"Confirmez la suppression !"_s, true, confirmation);
-        QVERIFY(supprimerEnteteSeul(essai.base, genreDas(), dialogue));
+        QVERIFY(supprimerEnteteSeul(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), dialogue));
         QCOMPARE(essai.lignes(lesLignes).size(), 1);
         dialogue.attendreConfirmation(u"Confirmez la suppression ? "_s, true, confirmation);
-        QVERIFY(supprimerEntete(essai.base, genreDas(), dialogue));
+        QVERIFY(supprimerEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), dialogue));
         QVERIFY(essai.lignes(lesEntetes).isEmpty());
     }
 
@@ -423,7 +424,8 @@ private slots:
                 dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
             else
                 dialogue.attendreAvertissement(modification.refus);
-            const ModificationLigneDas issue = modifierLigneDas(lignes, fiche, dialogue);
+            const ModificationLigneDas issue =
+                modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue);
             QCOMPARE(issue.issue,
                      modification.refus.isEmpty() ? IssueModification::Faite : IssueModification::Refusee);
             if (!modification.refus.isEmpty())
@@ -550,20 +552,21 @@ private slots:
         modifiee.sal_annueledit = u"5"_s;
         modifiee.nbj_travailctrl = {0, u'H'};
         dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
-        QVERIFY(modifierLigneDas(lignes, modifiee, dialogue).issue == IssueModification::Faite);
+        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), modifiee, dialogue).issue ==
+                IssueModification::Faite);
         QCOMPARE(essai.lignes(lesLignes).at(2), BaseDas::numero(1) + u"|1|50000|0|H|30/06/2024|S"_s);
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000052000|3"_s});
         const QString confirmation = u"Confirmez la suppression de cette ligne DAS ?"_s;
         dialogue.attendreConfirmation(confirmation, false, u"Suppression"_s);
-        lignes.supprimer(dialogue);
+        lignes.supprimer(lignes.liste().courant(), dialogue);
         QCOMPARE(lignes.liste().nombre(), 1);
         dialogue.attendreConfirmation(confirmation, true, u"Suppression"_s);
-        lignes.supprimer(dialogue);
+        lignes.supprimer(lignes.liste().courant(), dialogue);
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000002000|2"_s});
         lignes.chercher(u""_s);
         for (int i = 0; i < 2; ++i) {
             dialogue.attendreConfirmation(confirmation, true, u"Suppression"_s);
-            lignes.supprimer(dialogue);
+            lignes.supprimer(lignes.liste().courant(), dialogue);
         }
         QCOMPARE(essai.lignes(sommes), QStringList{u"0|0"_s});
         QCOMPARE(essai.lignes(lesLignes).size(), 1);
@@ -577,7 +580,8 @@ private slots:
         dialogue.attendreAvertissement(u"Aucun élément à modifier"_s);
         FicheLigneDas fiche = ficheLigne();
         fiche.nbj_travailctrl.nombre = -1;
-        QVERIFY(modifierLigneDas(lignes, fiche, dialogue).issue == IssueModification::Refusee);
+        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue).issue ==
+                IssueModification::Refusee);
     }
 
     /// Neither the line nor its sums stay when one of them can't be written.
@@ -604,7 +608,8 @@ private slots:
         autre.executer(u"DELETE FROM entete_das"_s);
         DialogueScenario dialogue;
         dialogue.attendreQuestion(question(u"50 000.00"_s, u"   "_s), true);
-        QVERIFY(modifierLigneDas(lignes, ficheLigne(2), dialogue).issue == IssueModification::Abandonnee);
+        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), ficheLigne(2), dialogue).issue ==
+                IssueModification::Abandonnee);
         QCOMPARE(essai.lignes(lesLignes), avant);
         QVERIFY(!essai.base.Cnx.enTransaction());
     }

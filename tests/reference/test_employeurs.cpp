@@ -179,7 +179,8 @@ private slots:
             champ(fiche, valeur.key()) = valeur.value();
         for (const QString &boite : boites)
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), focus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+                 focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(tousLesEmployeurs), avant);
     }
@@ -198,7 +199,8 @@ private slots:
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         QCOMPARE(lue.clemask, u"47"_s);
         fiche = {u"87654321"_s, u"43"_s, u"N'est; plus"_s, u"Là\nbas"_s, u"00 21 44 55"_s, u""_s};
-        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+                 pasDeRefus);
         QCOMPARE(essai.lignes(tousLesEmployeurs),
                  (QStringList{u"87654321|N'est; plus|Là bas|00214455|"_s, u"9|A|B|NULL|NULL"_s}));
         // The declarations stay under the old number.
@@ -210,7 +212,9 @@ private slots:
         fiche = courte;
         fiche.num_empmask = u"12345678"_s;
         fiche.clemask = u"47"_s;
-        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, courte, dialogue)), pasDeRefus);
+        QCOMPARE(
+            rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, courte, dialogue)),
+            pasDeRefus);
     }
 
     void suppression()
@@ -321,9 +325,9 @@ private slots:
         FicheBanque fiche{saisi[0], saisi[1], saisi[2]};
         if (!boite.isEmpty())
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(ajout
-                          ? creerBanque(base, fiche, dialogue)
-                          : modifierBanque(base, fiche, lireFicheBanque(base.RsBanque.courant()), dialogue)),
+        QCOMPARE(rang(ajout ? creerBanque(base, fiche, dialogue)
+                            : modifierBanque(base, base.RsBanque.courant(), fiche,
+                                             lireFicheBanque(base.RsBanque.courant()), dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
 
@@ -395,7 +399,8 @@ private slots:
         essai.base.RsEmployeur.allerA(0);
         fiche = lue;
         fiche.telEdit.clear();
-        QCOMPARE(rang(modifierEmployeur(essai.base, fiche, lue, dialogue)), pasDeRefus);
+        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+                 pasDeRefus);
     }
 
     /// The lock of another program is waited for, then told; nothing is written.
@@ -434,7 +439,8 @@ private slots:
         autre.executer(u"UPDATE employeur SET adresse = 'Ailleurs'"_s);
         fiche = lue;
         fiche.Rais_SocEdit = u"Autre"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, modifierEmployeur(essai.base, fiche, lue, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(),
+                                                               fiche, lue, dialogue));
         QCOMPARE(essai.base.RsEmployeur.texte(u"adresse"), u"Ailleurs"_s);
 
         autre.executer(u"DELETE FROM employeur"_s);

@@ -301,6 +301,29 @@ private slots:
         QCOMPARE(m_essai->base.RsEmployeur.texte(u"num_emp"), u"87654321"_s);
     }
 
+    /// Another program deletes the employer under the open window: his neighbour is not written in his place.
+    void supprimeAilleurs()
+    {
+        employeur(u"11111111"_s, u"Un"_s);
+        employeur(u"12345678"_s, u"Deux"_s);
+        ouvrir(u"wImp"_s);
+        dans(u"Command1", u"mod_emp"_s, [&](QWidget &saisie) {
+            Connexion autre;
+            autre.ouvrir(m_essai->chemin());
+            autre.executer(u"DELETE FROM employeur WHERE num_emp = '12345678'"_s);
+            for (int essai = 0; essai < 2; ++essai) {
+                trouver<QLineEdit>(saisie, u"AdresseEdit").setText(u"Ailleurs"_s);
+                m_dialogue->attendreCritique(
+                    u"Cette ligne de la table « employeur » a été modifiée ou supprimée depuis qu'elle a été "
+                    "lue. La liste a été relue ; veuillez recommencer."_s);
+                cliquer(saisie, u"OKButton");
+                QVERIFY(m_dialogue->acheve() && saisie.isVisible());
+                QCOMPARE(m_essai->lignes(u"SELECT num_emp || adresse FROM employeur"_s),
+                         QStringList{u"11111111Ici"_s});
+            }
+        });
+    }
+
     void supprimerJusquAuDernier()
     {
         employeur(u"11111111"_s, u"Un"_s);

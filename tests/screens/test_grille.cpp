@@ -43,7 +43,8 @@ public:
         relier({.grille = grille, .fermer = fermer, .modifier = modifier, .supprimer = supprimer},
                {{u"rais_soc"_s, u"Raison sociale"_s}, {u"num_emp"_s, u"N° employeur"_s}});
         surClic(modifier, [this] { ++modifications; });
-        surClic(supprimer, [&contexte] { contexte.base.RsEmployeur.supprimer(); });
+        surClic(supprimer,
+                [&contexte] { contexte.base.RsEmployeur.supprimer(contexte.base.RsEmployeur.courant()); });
         resize(500, 400);
     }
 
@@ -189,7 +190,7 @@ private slots:
         QCOMPARE(employeurs.nombre(), 3);
         QVERIFY(unSeulCourant(grille));
         employeurs.allerA(0);
-        employeurs.supprimer();
+        employeurs.supprimer(employeurs.courant());
         QVERIFY(unSeulCourant(grille));
         employeurs.requery();
         QVERIFY(unSeulCourant(grille));

@@ -170,9 +170,9 @@ private slots:
             QCOMPARE(base.RsSalarie.nomColonne(i), tableDuSchema(u"salarie").colonnes[i].nom);
         // The added columns have the widths of the new ones.
         QVERIFY(echecDe([&] {
-                    base.RsSalarie.modifier({{u"NIN"_s, QString(19, u'1')}});
+                    base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(19, u'1')}});
                 }).contains(u"18 caractères au plus"));
-        base.RsSalarie.modifier({{u"NIN"_s, QString(18, u'1')}});
+        base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(18, u'1')}});
         QCOMPARE(base.RsSalarie.texte(u"NIN"), QString(18, u'1'));
     }
 

@@ -11,12 +11,12 @@
 using namespace Qt::StringLiterals;
 
 frm_mod_ent::frm_mod_ent(Contexte &contexte, QWidget *parent)
-    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::frm_mod_ent>())
+    : FenetreSaisie(contexte, parent), m_lue(contexte.base.RsEnteteDas.courant()),
+      m_ui(std::make_unique<Ui::frm_mod_ent>())
 {
     m_ui->setupUi(this);
-    const Enregistrement entete = contexte.base.RsEnteteDas.courant();
-    m_ui->sumedit->setText(formatMasque(entete.montant(u"sum_annuel", Currency()), u"## ### ### ###.00"));
-    m_ui->totaledit->setText(QString::number(entete.entier(u"total_salarie", 0)));
+    m_ui->sumedit->setText(formatMasque(m_lue.montant(u"sum_annuel", Currency()), u"## ### ### ###.00"));
+    m_ui->totaledit->setText(QString::number(m_lue.entier(u"total_salarie", 0)));
     relier(m_ui->cmdok, m_ui->cmdcancel);
     surSortie(*m_ui->sumedit, contexte.dernierRecours, [this] {
         if (!estMontantSaisi(m_ui->sumedit->text()))
@@ -30,7 +30,7 @@ frm_mod_ent::~frm_mod_ent() = default;
 
 void frm_mod_ent::enregistrer()
 {
-    const RefusEntete refus = modifierEntete(m_contexte.base, genreDas(), m_ui->sumedit->text(),
+    const RefusEntete refus = modifierEntete(m_contexte.base, genreDas(), m_lue, m_ui->sumedit->text(),
                                              m_ui->totaledit->text(), m_contexte.dialogue);
     if (!refus)
         accept();

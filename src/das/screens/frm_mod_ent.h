@@ -1,6 +1,7 @@
 #pragma once
 
 #include "screens/fenetresaisie.h"
+#include "storage/enregistrement.h"
 
 #include <memory>
 
@@ -8,7 +9,7 @@ namespace Ui {
 class frm_mod_ent;
 }
 
-/// Change of the two figures that the current header declares.
+/// Change of the two figures that a header declares: the one that is current when it opens.
 class frm_mod_ent : public FenetreSaisie
 {
     Q_OBJECT
@@ -20,5 +21,6 @@ public:
 private:
     void enregistrer();
 
+    const Enregistrement m_lue;
     std::unique_ptr<Ui::frm_mod_ent> m_ui;
 };

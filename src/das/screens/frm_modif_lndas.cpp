@@ -10,7 +10,8 @@
 using namespace Qt::StringLiterals;
 
 frm_modif_lndas::frm_modif_lndas(Contexte &contexte, LignesDeclaration &lignes, QWidget *parent)
-    : FenetreSaisie(contexte, parent), m_lignes(lignes), m_ui(std::make_unique<Ui::frm_modif_lndas>())
+    : FenetreSaisie(contexte, parent), m_lignes(lignes), m_lue(lignes.liste().courant()),
+      m_ui(std::make_unique<Ui::frm_modif_lndas>())
 {
     m_ui->setupUi(this);
     m_champs = {m_ui->sal_annueledit, m_ui->nbj_travailctrl, m_ui->EOption,
@@ -19,10 +20,10 @@ frm_modif_lndas::frm_modif_lndas(Contexte &contexte, LignesDeclaration &lignes, 
     m_champs.preparer(contexte.dernierRecours, contexte.dialogue);
     relier(m_ui->cmdok, m_ui->CancelButton);
 
-    const Enregistrement ligne = lignes.liste().courant();
-    m_champs.ecrire(remplirFicheLigneDas(ligne));
-    m_ui->LabNumero->setText(ligne.texte(u"num_salarie"));
-    m_champs.montrer(salarieDe(lignes, ligne.texte(u"num_salarie"), ligne.entier(u"cpt_z")));
+    const QString numero = m_lue.texte(u"num_salarie");
+    m_champs.ecrire(remplirFicheLigneDas(m_lue));
+    m_ui->LabNumero->setText(numero);
+    m_champs.montrer(salarieDe(lignes, numero, m_lue.entier(u"cpt_z")));
     reprendreSaisie(*m_ui->sal_annueledit);
     surClic(m_ui->cmdok, [this] { enregistrer(); });
 }
@@ -40,7 +41,7 @@ void frm_modif_lndas::enregistrer()
 {
     FicheLigneDas fiche;
     m_champs.lire(fiche);
-    const ModificationLigneDas fin = modifierLigneDas(m_lignes, fiche, m_contexte.dialogue);
+    const ModificationLigneDas fin = modifierLigneDas(m_lignes, m_lue, fiche, m_contexte.dialogue);
     if (fin.issue == IssueModification::Faite)
         accept();
     else

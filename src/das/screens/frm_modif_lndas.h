@@ -2,6 +2,7 @@
 
 #include "das/screens/champslignedas.h"
 #include "screens/fenetresaisie.h"
+#include "storage/enregistrement.h"
 
 #include <memory>
 
@@ -10,7 +11,7 @@ class frm_modif_lndas;
 }
 class LignesDeclaration;
 
-/// Change of the current line. Its employee stays.
+/// Change of the line that is current when it opens. Its employee stays.
 class frm_modif_lndas : public FenetreSaisie
 {
     Q_OBJECT
@@ -26,6 +27,7 @@ private:
     void enregistrer();
 
     LignesDeclaration &m_lignes;
+    const Enregistrement m_lue;
     std::unique_ptr<Ui::frm_modif_lndas> m_ui;
     ChampsLigneDas m_champs{};
 };

@@ -33,8 +33,12 @@ frmentdas::frmentdas(Contexte &contexte)
     Base &base = contexte.base;
     surClic(m_ui->cmdajt, [this] { ajouter(); });
     surClic(m_ui->cmdmod, [this] { frm_mod_ent(m_contexte, this).exec(); });
-    surClic(m_ui->cmdDelete, [this, &base] { supprimerEntete(base, genreDas(), m_contexte.dialogue); });
-    surClic(m_ui->cmdsup, [this, &base] { supprimerEnteteSeul(base, genreDas(), m_contexte.dialogue); });
+    surClic(m_ui->cmdDelete, [this, &base] {
+        supprimerEntete(base, genreDas(), base.RsEnteteDas.courant(), m_contexte.dialogue);
+    });
+    surClic(m_ui->cmdsup, [this, &base] {
+        supprimerEnteteSeul(base, genreDas(), base.RsEnteteDas.courant(), m_contexte.dialogue);
+    });
     surClic(m_ui->cmddetail, [this] { ouvrirLignes(); });
     surClic(m_ui->cmdexpor,
             [this, &base] { exporterDas(base, m_ui->chkChemin->isChecked(), m_contexte.dialogue); });

@@ -29,7 +29,7 @@ frmlndas::frmlndas(Contexte &contexte, const LignesDeclaration &lignes, QWidget 
             {u"type_date_es"_s, u"E/S"_s}});
     surClic(m_ui->cmdajt, [this] { frm_add_lndas(m_contexte, m_lignes, this).exec(); });
     surClic(m_ui->cmdmod, [this] { frm_modif_lndas(m_contexte, m_lignes, this).exec(); });
-    surClic(m_ui->cmdsup, [this] { m_lignes.supprimer(m_contexte.dialogue); });
+    surClic(m_ui->cmdsup, [this] { m_lignes.supprimer(m_lignes.liste().courant(), m_contexte.dialogue); });
     surClic(m_ui->Cmdchr, [this] { m_lignes.chercher(m_ui->num_salarieedit->text()); });
     surClic(m_ui->cmdend, [this] { m_lignes.montrerToutes(); });
     connect(m_ui->num_salarieedit, &QLineEdit::returnPressed, m_ui->Cmdchr, &QPushButton::click);

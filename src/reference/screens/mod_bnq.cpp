@@ -9,13 +9,14 @@
 using namespace Qt::StringLiterals;
 
 mod_bnq::mod_bnq(Contexte &contexte, QWidget *parent)
-    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::mod_bnq>())
+    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::mod_bnq>()),
+      m_ligne(contexte.base.RsBanque.courant())
 {
     m_ui->setupUi(this);
     m_champs = {m_ui->CodeBnq, m_ui->AbreviatBnq, m_ui->LibelleBnq};
     // Here and not in the form file, which can't hold a text of blanks alone.
     m_ui->CodeBnq->setInvite(u" "_s);
-    m_champs.ecrire(lireFicheBanque(contexte.base.RsBanque.courant()));
+    m_champs.ecrire(lireFicheBanque(m_ligne));
     m_lue = m_champs.lire();
     m_champs.reprendre(ChampBanque::CodeBnq);
     relier(m_ui->OKButton, m_ui->CancelButton);
@@ -28,7 +29,8 @@ mod_bnq::~mod_bnq() = default;
 void mod_bnq::modifier()
 {
     FicheBanque fiche = m_champs.lire();
-    if (const RefusBanque refus = modifierBanque(m_contexte.base, fiche, m_lue, m_contexte.dialogue)) {
+    if (const RefusBanque refus =
+            modifierBanque(m_contexte.base, m_ligne, fiche, m_lue, m_contexte.dialogue)) {
         m_champs.reprendre(*refus);
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "reference/screens/champsbanque.h"
 #include "screens/fenetresaisie.h"
+#include "storage/enregistrement.h"
 
 #include <memory>
 
@@ -9,7 +10,7 @@ namespace Ui {
 class mod_bnq;
 }
 
-/// Change of the current bank.
+/// Change of the bank that is current when it opens.
 class mod_bnq : public FenetreSaisie
 {
     Q_OBJECT
@@ -23,5 +24,6 @@ private:
 
     std::unique_ptr<Ui::mod_bnq> m_ui;
     ChampsBanque m_champs;
+    const Enregistrement m_ligne;
     FicheBanque m_lue;
 };

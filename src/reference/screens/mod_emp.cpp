@@ -9,13 +9,14 @@
 using namespace Qt::StringLiterals;
 
 mod_emp::mod_emp(Contexte &contexte, QWidget *parent)
-    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::mod_emp>())
+    : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::mod_emp>()),
+      m_ligne(contexte.base.RsEmployeur.courant())
 {
     m_ui->setupUi(this);
     m_champs = {m_ui->num_empmask, m_ui->clemask, m_ui->Rais_SocEdit,
                 m_ui->AdresseEdit, m_ui->telEdit, m_ui->mailEdit};
     m_champs.preparer(u" "_s);
-    m_champs.ecrire(lireFicheEmployeur(contexte.base.RsEmployeur.courant()));
+    m_champs.ecrire(lireFicheEmployeur(m_ligne));
     m_lue = m_champs.lire();
     m_champs.reprendre(ChampEmployeur::num_empmask);
     relier(m_ui->OKButton, m_ui->CancelButton);
@@ -31,7 +32,8 @@ mod_emp::~mod_emp() = default;
 void mod_emp::modifier()
 {
     FicheEmployeur fiche = m_champs.lire();
-    const RefusEmployeur refus = modifierEmployeur(m_contexte.base, fiche, m_lue, m_contexte.dialogue);
+    const RefusEmployeur refus =
+        modifierEmployeur(m_contexte.base, m_ligne, fiche, m_lue, m_contexte.dialogue);
     if (refus) {
         m_champs.ecrire(fiche);
         m_champs.reprendre(*refus);

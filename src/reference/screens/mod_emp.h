@@ -2,6 +2,7 @@
 
 #include "reference/screens/champsemployeur.h"
 #include "screens/fenetresaisie.h"
+#include "storage/enregistrement.h"
 
 #include <memory>
 
@@ -9,7 +10,7 @@ namespace Ui {
 class mod_emp;
 }
 
-/// Change of the current employer.
+/// Change of the employer that is current when it opens.
 class mod_emp : public FenetreSaisie
 {
     Q_OBJECT
@@ -23,5 +24,6 @@ private:
 
     std::unique_ptr<Ui::mod_emp> m_ui;
     ChampsEmployeur m_champs;
+    const Enregistrement m_ligne;
     FicheEmployeur m_lue;
 };

@@ -301,9 +301,9 @@ private slots:
         QCOMPARE(base().RsLigneDas.nombre(), 0);
         QCOMPARE(etiquette(*lignes, u"LabType"_s), u"DAS Complémentaire"_s);
         QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled());
-        base().RsEnteteDas.supprimer();
+        base().RsEnteteDas.supprimer(base().RsEnteteDas.courant());
         QCOMPARE(base().RsLigneDas.nombre(), 2);
-        base().RsEnteteDas.supprimer();
+        base().RsEnteteDas.supprimer(base().RsEnteteDas.courant());
         QTest::qWait(0);
         QVERIFY(!lignes);
     }
@@ -344,6 +344,67 @@ private slots:
         QTest::keyClick(champ(*lignes, u"DataGrid1"_s), Qt::Key_Delete);
         QCOMPARE(texte(*entetes, u"calcsumEdit"_s) + u'|' + texte(*entetes, u"calcsalEdit"_s), u".00|0"_s);
         QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled() && !champ(*lignes, u"cmdsup"_s)->isEnabled());
+    }
+
+    void changeAilleurs_data()
+    {
+        QTest::addColumn<bool>("ligne");
+        QTest::addColumn<QString>("ailleurs");
+        const QString laLigne = u" WHERE num_salarie = '%1'"_s.arg(BaseDas::numero(1));
+        QTest::newRow("ligne supprimee") << true << QString(u"DELETE FROM ligne_das"_s + laLigne);
+        QTest::newRow("ligne modifiee")
+            << true << QString(u"UPDATE ligne_das SET nbj_travail = 3"_s + laLigne);
+        QTest::newRow("en-tete supprimee") << false << u"DELETE FROM entete_das WHERE Type = 2"_s;
+        QTest::newRow("en-tete modifiee")
+            << false << u"UPDATE entete_das SET total_salarie = 9 WHERE Type = 2"_s;
+    }
+
+    /// Another program takes the row away under an open change window: neither that row nor a neighbour's is
+    /// written, however often the clerk tries.
+    void changeAilleurs()
+    {
+        QFETCH(bool, ligne);
+        QFETCH(QString, ailleurs);
+        for (int i = 1; i <= 2; ++i)
+            m_donnees->ajouter(BaseDas::numero(i), 1);
+        for (int type = 1; type <= 3; ++type)
+            m_donnees->entete(type, Currency::deEntier(5), 5);
+        for (int i = 1; i <= 2; ++i)
+            m_donnees->ligne(BaseDas::numero(i), 1, {}, 2);
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        base().RsEnteteDas.allerA(1);
+        QWidget &feuille = ligne ? static_cast<QWidget &>(*ouvrirLignes(*entetes)) : *entetes;
+        const auto toutesLesTables = [this] {
+            return m_donnees->lignes(u"SELECT * FROM ligne_das ORDER BY rowid"_s) +
+                   m_donnees->lignes(u"SELECT * FROM entete_das ORDER BY rowid"_s);
+        };
+        dansLaFenetre([&](QWidget &fenetre) {
+            Connexion autre;
+            autre.ouvrir(m_donnees->chemin());
+            QCOMPARE(autre.executer(ailleurs), 1);
+            const QStringList apres = toutesLesTables();
+            if (ligne)
+                champ<QRadioButton>(fenetre, u"EOption"_s)->setChecked(false);
+            for (int essai = 0; essai < 2; ++essai) {
+                champ<QLineEdit>(fenetre, ligne ? u"sal_annueledit"_s : u"sumedit"_s)->setText(u"12"_s);
+                if (!ligne) {
+                    m_dialogue.attendreCritique(
+                        u"Cette ligne de la table « entete_das » a été modifiée ou supprimée depuis qu'elle "
+                        "a été lue. La liste a été relue ; veuillez recommencer."_s);
+                } else if (ailleurs.startsWith(u"DELETE")) {
+                    m_dialogue.attendreAvertissement(u"Aucun élément à modifier"_s);
+                } else {
+                    m_dialogue.attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+                }
+                cliquer(fenetre, u"cmdok"_s);
+                QVERIFY(m_dialogue.acheve());
+                QVERIFY(fenetre.isVisible());
+                QCOMPARE(toutesLesTables(), apres);
+            }
+        });
+        cliquer(feuille, u"cmdmod"_s);
+        if (ligne)
+            QCOMPARE(base().RsEnteteDas.entier(u"Type"), 2);
     }
 
     void champsDeLigne()
