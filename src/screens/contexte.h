@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 class Base;
 class DernierRecours;
 class Dialogue;
@@ -13,10 +11,9 @@ class MenuPrincipal
 public:
     virtual ~MenuPrincipal() = default;
 
-    /// Says whether an entry may be used. An entry is enabled when it is allowed, its window exists and is
-    /// not open; so this may be called while the window is open.
-    /// @param entree the entry's name, such as "wdas"
-    virtual void permettre(const QString &entree, bool permis) = 0;
+    /// To be called when campaigns or employers came or went: the entry of the annual declarations is on as
+    /// Base::declarationsPossibles() says, once its window is closed.
+    virtual void accorderDeclarations() = 0;
 };
 
 /// What a screen gets from the program. All of it lives longer than any screen.

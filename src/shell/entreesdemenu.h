@@ -1,8 +1,16 @@
 #pragma once
 
+#include <QList>
 #include <QStyle>
 
-#include <span>
+#include <functional>
+
+class QWidget;
+struct Contexte;
+
+/// Prepares and makes the window of a menu entry, without showing it. It returns nullptr when the window is
+/// not to open (it has told why), and throws when what it needs is missing.
+using Fabrique = std::function<QWidget *(Contexte &)>;
 
 /// One line of the main menu.
 struct EntreeDeMenu
@@ -13,7 +21,8 @@ struct EntreeDeMenu
     char touche = 0;
     /// The submenu that holds it, nullptr on the menu bar.
     const char16_t *parent = nullptr;
-    bool sousMenu = false;
+    /// Empty for a submenu, and for an entry whose window is still to come: it stays off.
+    Fabrique fabrique = {};
     /// Whether it is on in the delivered menu.
     bool permise = true;
     QStyle::StandardPixmap icone = QStyle::SP_CustomBase;
@@ -23,5 +32,5 @@ struct EntreeDeMenu
     bool coche = false;
 };
 
-/// The whole menu, each submenu before what it holds.
-std::span<const EntreeDeMenu> entreesDeMenu();
+/// The whole menu, each submenu before what it holds, and the window that each entry opens.
+QList<EntreeDeMenu> entreesDeMenu();

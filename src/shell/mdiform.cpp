@@ -5,7 +5,6 @@
 #include "screens/centrer.h"
 #include "screens/dernierrecours.h"
 #include "screens/etatsfenetres.h"
-#include "shell/entreesdemenu.h"
 #include "shell/fenetrefille.h"
 #include "storage/base.h"
 #include "storage/demarrage.h"
@@ -20,6 +19,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QSet>
 #include <QShortcutEvent>
 #include <QStatusBar>
 
@@ -28,8 +28,9 @@
 using namespace Qt::StringLiterals;
 
 MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours, BornesDePeriode &bornes,
-                 const RegistreFenetres &fenetres)
-    : m_contexte{base, dialogue, dernierRecours, bornes, *this}, m_aire(new QMdiArea), m_chemin(new QLabel)
+                 const QList<EntreeDeMenu> &menu)
+    : m_contexte{base, dialogue, dernierRecours, bornes, *this}, m_menu(menu), m_aire(new QMdiArea),
+      m_chemin(new QLabel)
 {
     setObjectName(u"MDIForm"_s);
     setWindowTitle(TitreApplication + u' ' + QLatin1String(DAS_VERSION));
@@ -45,7 +46,7 @@ MDIForm::MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours,
     m_chemin->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_chemin->setContentsMargins(6, 0, 6, 0);
     statusBar()->addWidget(m_chemin);
-    faireLeMenu(fenetres);
+    faireLeMenu();
     qApp->installEventFilter(this);
     if (!reprendreGeometrie(*this))
         resize(QSize(1100, 720).boundedTo(screen()->availableSize()));
@@ -56,9 +57,10 @@ void MDIForm::charger()
     DernierRecours &recours = m_contexte.dernierRecours;
     bool finProgramme = false;
     recours.agir([&] {
-        const Demarrage demarrage = demarrer(m_contexte.base, m_contexte.dialogue);
-        finProgramme = demarrage.issue == Demarrage::FinProgramme;
-        permettre(u"wdas"_s, demarrage.wdasPermis);
+        finProgramme = demarrer(m_contexte.base, m_contexte.dialogue) == Demarrage::FinProgramme;
+        // A start that did not get as far as the employers leaves the menu as it is delivered.
+        if (m_contexte.base.RsEmployeur.estOuvert())
+            accorderDeclarations();
     });
     if (finProgramme) {
         QCoreApplication::exit(0);
@@ -69,27 +71,30 @@ void MDIForm::charger()
         m_chemin->setText(u"Base de données : "_s + QDir::toNativeSeparators(m_contexte.base.Cnx.chemin()));
 }
 
-void MDIForm::faireLeMenu(const RegistreFenetres &fenetres)
+void MDIForm::faireLeMenu()
 {
     menuBar()->setAccessibleName(u"Menu principal"_s);
     QHash<QString, QMenu *> sousMenus;
-    for (const EntreeDeMenu &ligne : entreesDeMenu()) {
+    QSet<QString> parents;
+    for (const EntreeDeMenu &ligne : m_menu)
+        parents.insert(QString::fromUtf16(ligne.parent));
+    for (const EntreeDeMenu &ligne : m_menu) {
         const QString nom = QString::fromUtf16(ligne.nom);
         const QString libelle = QString::fromUtf16(ligne.libelle);
         QMenu *parent = ligne.parent ? sousMenus.value(QString::fromUtf16(ligne.parent)) : nullptr;
 
         Entree &entree = m_entrees[nom];
         entree.permise = ligne.permise;
-        if (ligne.sousMenu) {
+        entree.sousMenu = parents.contains(nom);
+        if (entree.sousMenu) {
             auto *menu = parent ? parent->addMenu(libelle) : menuBar()->addMenu(libelle);
             menu->setObjectName(nom);
             sousMenus.insert(nom, menu);
             entree.action = menu->menuAction();
         } else {
             entree.action = parent->addAction(libelle);
-            entree.fabrique = fenetres.fabrique(nom);
+            entree.fabrique = ligne.fabrique;
         }
-        entree.sousMenu = ligne.sousMenu;
         entree.action->setObjectName(nom);
         if (ligne.touche)
             entree.action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(ligne.touche)));
@@ -101,7 +106,7 @@ void MDIForm::faireLeMenu(const RegistreFenetres &fenetres)
         } else if (ligne.coche) {
             faireCoche(nom, *parent);
         } else {
-            if (!ligne.sousMenu) {
+            if (!entree.sousMenu) {
                 m_contexte.dernierRecours.connecter(entree.action, &QAction::triggered, this,
                                                     [this, &entree] { ouvrir(entree); });
             }
@@ -131,7 +136,7 @@ void MDIForm::faireCoche(const QString &nom, QMenu &menu)
 
 void MDIForm::activerGroupe(const QString &coche, bool active)
 {
-    for (const EntreeDeMenu &ligne : entreesDeMenu()) {
+    for (const EntreeDeMenu &ligne : m_menu) {
         if (ligne.activeePar && coche == QStringView(ligne.activeePar))
             permettre(QString::fromUtf16(ligne.nom), active);
     }
@@ -148,6 +153,8 @@ void MDIForm::permettre(const QString &entree, bool permis)
     visee.permise = permis;
     rafraichir(visee);
 }
+
+void MDIForm::accorderDeclarations() { permettre(u"wdas"_s, m_contexte.base.declarationsPossibles()); }
 
 void MDIForm::ouvrir(Entree &entree)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "screens/contexte.h"
-#include "screens/registrefenetres.h"
+#include "shell/entreesdemenu.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -22,13 +22,13 @@ class MDIForm : public QMainWindow, public MenuPrincipal
 
 public:
     MDIForm(Base &base, Dialogue &dialogue, DernierRecours &dernierRecours, BornesDePeriode &bornes,
-            const RegistreFenetres &fenetres);
+            const QList<EntreeDeMenu> &menu);
 
     /// The Load handler, to be called once the window is shown: lays down the folder of a first start, opens
     /// the database, brings it up to date and sets the menu. Ends the program where a start ends it.
     void charger();
 
-    void permettre(const QString &entree, bool permis) override;
+    void accorderDeclarations() override;
 
 protected:
     void closeEvent(QCloseEvent *evenement) override;
@@ -44,7 +44,8 @@ private:
         QPointer<QMdiSubWindow> fenetre;
     };
 
-    void faireLeMenu(const RegistreFenetres &fenetres);
+    void faireLeMenu();
+    void permettre(const QString &entree, bool permis);
     void ouvrir(Entree &entree);
     static void rafraichir(const Entree &entree);
     void faireCoche(const QString &nom, QMenu &menu);
@@ -52,6 +53,7 @@ private:
     QAbstractButton *boutonDeLaFenetreActive(const QKeySequence &touches) const;
 
     Contexte m_contexte;
+    const QList<EntreeDeMenu> m_menu;
     QMdiArea *m_aire;
     QLabel *m_chemin;
     std::map<QString, Entree> m_entrees;

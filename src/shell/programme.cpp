@@ -1,19 +1,13 @@
 #include "shell/programme.h"
 
-#include "das/screens/fenetresdas.h"
-#include "employees/screens/fenetresnationalites.h"
-#include "employees/screens/fenetressalaries.h"
-#include "reference/screens/fenetrescampagnes.h"
-#include "reference/screens/fenetresemployeurs.h"
 #include "rules/calendrier.h"
 #include "screens/dernierrecours.h"
 #include "screens/dialogueqt.h"
 #include "screens/francais.h"
 #include "shell/application.h"
+#include "shell/entreesdemenu.h"
 #include "shell/mdiform.h"
 #include "storage/base.h"
-#include "tools/screens/fenetresoutils.h"
-#include "validators/screens/fenetresvalidateurs.h"
 
 #include <QTimer>
 
@@ -27,16 +21,8 @@ int lancerProgramme(int argc, char **argv, const std::function<void(Base &)> &pr
     DernierRecours dernierRecours(dialogue, [&base] { base.Cnx.annulerTransaction(); });
     application.proteger(&dernierRecours);
     BornesDePeriode bornes;
-    RegistreFenetres fenetres;
-    ajouterFenetresCampagnes(fenetres);
-    ajouterFenetresSalaries(fenetres);
-    ajouterFenetresNationalites(fenetres);
-    ajouterFenetresEmployeurs(fenetres);
-    ajouterFenetresDas(fenetres);
-    ajouterFenetresValidateurs(fenetres);
-    ajouterFenetresOutils(fenetres);
 
-    MDIForm principale(base, dialogue, dernierRecours, bornes, fenetres);
+    MDIForm principale(base, dialogue, dernierRecours, bornes, entreesDeMenu());
     principale.show();
     QTimer::singleShot(0, &principale, [&] {
         principale.charger();

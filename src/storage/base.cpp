@@ -93,6 +93,11 @@ Base::Base()
 {
 }
 
+bool Base::declarationsPossibles() const
+{
+    return RsAnnee.estOuvert() && !RsAnnee.vide() && RsEmployeur.estOuvert() && !RsEmployeur.vide();
+}
+
 void Base::OuvrirBase(const QString &chemin)
 {
     examinerFichier(chemin);

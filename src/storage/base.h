@@ -16,6 +16,9 @@ public:
     /// @throws ErreurFatale naming the file when it is missing, no database, damaged, read-only or locked
     void OuvrirBase(const QString &chemin);
 
+    /// Whether there is something to declare about: a campaign and an employer.
+    bool declarationsPossibles() const;
+
     Connexion Cnx;
     Commande CmdSql;
 

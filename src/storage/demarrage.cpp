@@ -117,19 +117,13 @@ void completerIndex(Connexion &cnx)
 
 Demarrage demarrer(Base &base, Dialogue &dialogue)
 {
-    Demarrage resultat;
-    const auto terminer = [&resultat](Demarrage::Issue issue) {
-        resultat.issue = issue;
-        return resultat;
-    };
-
     installerSiAbsente();
     base.OuvrirBase(cheminBase());
 
     ouvrirLivree(base.RsSalarie);
     if (!elargirSalarie(base)) {
         dialogue.critique(u"Format fichier incorrecte !"_s);
-        return terminer(Demarrage::Interrompu);
+        return Demarrage::Interrompu;
     }
     ouvrirLivree(base.RsLigneDas);
     ouvrirLivree(base.RsEnteteDas);
@@ -141,25 +135,24 @@ Demarrage demarrer(Base &base, Dialogue &dialogue)
             {{u"Entete_CI"_s, u"Detail_CI"_s},
              u"tables EnteteCI et Detail_Ci crées, Veuillez relancer une seconde fois l'application, SVP"_s},
             {&base.RsEnteteCi, &base.RsDetailCi, &base.RsAnnee, &base.RsEmployeur}, dialogue))
-        return terminer(Demarrage::FinProgramme);
-    resultat.wdasPermis = !base.RsAnnee.vide() && !base.RsEmployeur.vide();
+        return Demarrage::FinProgramme;
 
     if (!ouvrirGroupe(
             base,
             {{u"Periode"_s}, u"table Période crée, Veuillez relancer une seconde fois l'application, SVP"_s},
             {&base.RsPeriode}, dialogue))
-        return terminer(Demarrage::FinProgramme);
+        return Demarrage::FinProgramme;
     if (!ouvrirGroupe(
             base,
             {{u"Entete_Dac"_s, u"Ligne_Dac"_s},
              u"tables Entete Dac et Ligne_Dac crées, Veuillez relancer une seconde fois l'application, SVP"_s},
             {&base.RsEnteteDac, &base.RsLigneDac}, dialogue))
-        return terminer(Demarrage::FinProgramme);
+        return Demarrage::FinProgramme;
     if (!ouvrirGroupe(base,
                       {{u"Nationalite"_s},
                        u"table Nationalité crée, Veuillez relancer une seconde fois l'application, SVP"_s},
                       {&base.RsNationalite}, dialogue))
-        return terminer(Demarrage::FinProgramme);
+        return Demarrage::FinProgramme;
 
     struct Reference
     {
@@ -179,12 +172,12 @@ Demarrage demarrer(Base &base, Dialogue &dialogue)
          fichierWilayas()}};
     for (const Reference &reference : references) {
         if (!ouvrirGroupe(base, reference.groupe, {&reference.recordset}, dialogue))
-            return terminer(Demarrage::FinProgramme);
+            return Demarrage::FinProgramme;
         if (reference.recordset.vide() &&
             !chargerReference(base.Cnx, reference.recordset, reference.fichier, dialogue))
-            return terminer(Demarrage::Interrompu);
+            return Demarrage::Interrompu;
     }
 
     completerIndex(base.Cnx);
-    return resultat;
+    return Demarrage::Complet;
 }

@@ -4,21 +4,13 @@ class Base;
 class Dialogue;
 
 /// How a start ended.
-struct Demarrage
-{
-    enum Issue {
-        /// All tables are open.
-        Complet,
-        /// The clerk was told why it stopped; the main window stays open with what is open so far.
-        Interrompu,
-        /// Tables were created and the clerk told to start again: the program ends now.
-        FinProgramme
-    };
-
-    Issue issue = Complet;
-    /// Whether the menu entry wdas may be enabled: false when there is no campaign or no employer. A start
-    /// that did not get that far has not disabled it.
-    bool wdasPermis = true;
+enum class Demarrage {
+    /// All tables are open.
+    Complet,
+    /// The clerk was told why it stopped; the main window stays open with what is open so far.
+    Interrompu,
+    /// Tables were created and the clerk told to start again: the program ends now.
+    FinProgramme
 };
 
 /// The start of the program: lays down the files on a fresh machine, opens the database and the shared

@@ -1,13 +1,12 @@
 #include "employees/nationalites.h"
-#include "employees/screens/fenetresnationalites.h"
+#include "employees/screens/frmimpnat.h"
 #include "rules/calendrier.h"
-#include "screens/contexte.h"
 #include "screens/dernierrecours.h"
-#include "screens/registrefenetres.h"
 #include "storage/base.h"
 #include "storage/demarrage.h"
 #include "storage/lieux.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
 
 #include <QFile>
 #include <QLabel>
@@ -25,12 +24,6 @@ namespace {
 const QString absent = u"Fichier Country Inexistant! Importation échouée!!"_s;
 const QString deja = u"l'importation a été déja effectué"_s;
 const QString reussie = u"Table nationalité importée Avec Succès. "_s;
-
-class SansMenu : public MenuPrincipal
-{
-public:
-    void permettre(const QString &, bool) override {}
-};
 
 } // namespace
 
@@ -157,11 +150,9 @@ private slots:
     {
         DernierRecours recours(*m_dialogue, [this] { m_base->Cnx.annulerTransaction(); });
         BornesDePeriode bornes;
-        SansMenu menu;
+        MenuTemoin menu;
         Contexte contexte{*m_base, *m_dialogue, recours, bornes, menu};
-        RegistreFenetres registre;
-        ajouterFenetresNationalites(registre);
-        const std::unique_ptr<QWidget> ecran(registre.fabrique(u"wImpTabNat"_s)(contexte));
+        const auto ecran = std::make_unique<FrmImpNat>(contexte);
         auto *importer = ecran->findChild<QPushButton *>(u"CmdImport"_s);
         QCOMPARE(ecran->focusWidget(), importer);
         ecran->show();
@@ -188,7 +179,7 @@ private slots:
         QVERIFY(!ecran->isVisible());
 
         m_base->RsNationalite.fermer();
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, registre.fabrique(u"wImpTabNat"_s)(contexte));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, FrmImpNat{contexte});
     }
 };
 

@@ -1,13 +1,13 @@
 #include "reference/campagnes.h"
 #include "reference/periodes.h"
-#include "reference/screens/fenetrescampagnes.h"
+#include "reference/screens/frmannee.h"
+#include "reference/screens/frmperiode.h"
 #include "rules/calendrier.h"
 #include "rules/date.h"
-#include "screens/contexte.h"
 #include "screens/dernierrecours.h"
 #include "screens/grille.h"
-#include "screens/registrefenetres.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
 #include "tests/reference/basereference.h"
 
 #include <QApplication>
@@ -31,13 +31,6 @@ const QString nonConforme =
     "à l'année en cours."_s;
 const QString existante = u"Veuillez ne pas choisir une année existante"_s;
 const QString autrePeriode = u"Veuillez une autre période"_s;
-
-class MenuTemoin : public MenuPrincipal
-{
-public:
-    void permettre(const QString &entree, bool permis) override { dits += entree + (permis ? u'+' : u'-'); }
-    QStringList dits;
-};
 
 /// Fills the file to its last byte and forbids it to grow.
 void remplirDisque(Connexion &cnx)
@@ -82,11 +75,10 @@ class TestCampagnes : public QObject
     }
     QStringList periodes() { return m_essai->lignes(u"SELECT Code || Etat FROM Periode ORDER BY rowid"_s); }
 
-    QWidget &ouvrir(const QString &entree)
+    template <typename Ecran>
+    QWidget &ouvrir()
     {
-        RegistreFenetres registre;
-        ajouterFenetresCampagnes(registre);
-        m_fenetre.reset(registre.fabrique(entree)(*m_contexte));
+        m_fenetre = std::make_unique<Ecran>(*m_contexte);
         m_fenetre->show();
         if (!QTest::qWaitForWindowActive(m_fenetre.get()))
             qFatal("the window does not become active");
@@ -112,7 +104,7 @@ private slots:
         m_recours =
             std::make_unique<DernierRecours>(*m_dialogue, [this] { base().Cnx.annulerTransaction(); });
         m_contexte = std::make_unique<Contexte>(Contexte{base(), *m_dialogue, *m_recours, m_bornes, m_menu});
-        m_menu.dits.clear();
+        m_menu.accords = 0;
     }
 
     void cleanup()
@@ -252,7 +244,7 @@ private slots:
     {
         base().RsAnnee.ajouter({{u"annee"_s, 2010}, {u"compagne"_s, u"du 01/07/2009 au 30/06/2010"}});
         base().RsAnnee.ajouter({{u"annee"_s, 2012}, {u"compagne"_s, u"du 01/07/2011 au 30/06/2012"}});
-        ouvrir(u"wannee"_s);
+        ouvrir<frmannee>();
         QCOMPARE(m_fenetre->objectName(), u"frmannee"_s);
         auto &liste = trouver<QComboBox>(u"cmbannee");
         auto &grille = trouver<Grille>(u"DataGrid1");
@@ -272,7 +264,7 @@ private slots:
         QTest::keyClick(liste.lineEdit(), Qt::Key_V, Qt::ControlModifier);
         m_dialogue->attendreAvertissement(incorrecte);
         QTest::keyClick(&liste, Qt::Key_Return);
-        QVERIFY(m_menu.dits.isEmpty());
+        QCOMPARE(m_menu.accords, 0);
 
         liste.lineEdit()->selectAll();
         QTest::keyClicks(liste.lineEdit(), u"2011"_s);
@@ -281,13 +273,14 @@ private slots:
         QCOMPARE(grille.currentIndex().siblingAtColumn(0).data().toString(), u"2011"_s);
         QCOMPARE(grille.currentIndex().row(), 1); // the newest stands first
         QCOMPARE(liste.lineEdit()->selectedText(), u"2011"_s);
+        QCOMPARE(m_menu.accords, 1);
         // There is no employer yet, and the declarations need one.
-        QVERIFY(m_menu.dits.isEmpty());
+        QVERIFY(!base().declarationsPossibles());
         base().RsEmployeur.ajouter({{u"num_emp"_s, u"12345678"}});
+        QVERIFY(base().declarationsPossibles());
         liste.setCurrentIndex(1);
         cliquer(u"cmb_add");
         QCOMPARE(annees().last().left(4), QString::number(cetteAnnee - 1));
-        QCOMPARE(m_menu.dits, QStringList{u"wdas+"_s});
 
         cliquer(u"Command1");
         QVERIFY(!m_fenetre->isVisible());
@@ -295,7 +288,7 @@ private slots:
 
     void fenetrePeriodes()
     {
-        ouvrir(u"wPeriode"_s);
+        ouvrir<frmPeriode>();
         QCOMPARE(m_fenetre->objectName(), u"frmPeriode"_s);
         auto &annee = trouver<QComboBox>(u"cmbannee");
         auto &mois = trouver<QComboBox>(u"CmbMois");
@@ -326,10 +319,8 @@ private slots:
     {
         for (Recordset *rs : {&base().RsAnnee, &base().RsPeriode})
             rs->fermer();
-        RegistreFenetres registre;
-        ajouterFenetresCampagnes(registre);
-        for (const QString &entree : {u"wannee"_s, u"wPeriode"_s})
-            QVERIFY_THROWS_EXCEPTION(ErreurBase, registre.fabrique(entree)(*m_contexte));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, frmannee{*m_contexte});
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, frmPeriode{*m_contexte});
     }
 };
 

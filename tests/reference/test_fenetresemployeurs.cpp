@@ -1,11 +1,11 @@
-#include "reference/screens/fenetresemployeurs.h"
+#include "reference/screens/frm_bnq.h"
+#include "reference/screens/frm_imp.h"
 #include "rules/calendrier.h"
 #include "screens/champmasque.h"
-#include "screens/contexte.h"
 #include "screens/dernierrecours.h"
 #include "screens/grille.h"
-#include "screens/registrefenetres.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
 #include "tests/reference/basereference.h"
 
 #include <QApplication>
@@ -34,16 +34,6 @@ protected:
             aChaqueBoite();
         return DialogueScenario::montrer(boite);
     }
-};
-
-class MenuTemoin : public MenuPrincipal
-{
-public:
-    void permettre(const QString &entree, bool permis) override
-    {
-        dits.append(entree + (permis ? u'+' : u'-'));
-    }
-    QStringList dits;
 };
 
 } // namespace
@@ -96,11 +86,10 @@ class TestFenetresEmployeurs : public QObject
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
     }
 
-    QWidget &ouvrir(const QString &entree)
+    template <typename Ecran>
+    QWidget &ouvrir()
     {
-        RegistreFenetres registre;
-        ajouterFenetresEmployeurs(registre);
-        m_fenetre.reset(registre.fabrique(entree)(*m_contexte));
+        m_fenetre = std::make_unique<Ecran>(*m_contexte);
         m_fenetre->show();
         if (!QTest::qWaitForWindowActive(m_fenetre.get()))
             qFatal("the window does not become active");
@@ -141,7 +130,7 @@ private slots:
         m_recours = std::make_unique<DernierRecours>(*m_dialogue, [] {});
         m_contexte =
             std::make_unique<Contexte>(Contexte{m_essai->base, *m_dialogue, *m_recours, m_bornes, m_menu});
-        m_menu.dits.clear();
+        m_menu.accords = 0;
     }
 
     void cleanup()
@@ -156,7 +145,7 @@ private slots:
     void ajouterAuClavier()
     {
         m_essai->base.RsAnnee.ajouter({{u"annee"_s, 2024}});
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         QVERIFY(!permis(u"Command1") && !permis(u"suppBtn"));
 
         dans(u"ajouterBtn", u"add_emp"_s, [&](QWidget &saisie) {
@@ -173,7 +162,7 @@ private slots:
             m_dialogue->aChaqueBoite = [&] {
                 QVERIFY(!saisie.isVisible());
                 QVERIFY(permis(u"Command1") && permis(u"suppBtn"));
-                QCOMPARE(m_menu.dits, QStringList{u"wdas+"_s});
+                QCOMPARE(m_menu.accords, 1);
                 QCOMPARE(texte(saisie, u"num_empmask"), u"________"_s);
                 QCOMPARE(texte(saisie, u"clemask"), u"99"_s);
                 QCOMPARE(texte(saisie, u"Rais_SocEdit"), u""_s);
@@ -201,7 +190,7 @@ private slots:
 
     void quitterNumeroEtCle()
     {
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         dans(u"ajouterBtn", u"add_emp"_s, [&](QWidget &saisie) {
             const QString cleFausse = u"Veillez saisir un numéro correct SVP"_s;
             taper(u" 1"_s);
@@ -236,7 +225,7 @@ private slots:
 
     void refusGardeLaFenetre()
     {
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         dans(u"ajouterBtn", u"add_emp"_s, [&](QWidget &saisie) {
             taper(u"12345678\t47\tA\tB"_s);
             trouver(saisie, u"telEdit").setFocus();
@@ -255,7 +244,7 @@ private slots:
 
     void collages()
     {
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         dans(u"ajouterBtn", u"add_emp"_s, [&](QWidget &saisie) {
             coller(u"1234 5678 999"_s);
             QCOMPARE(texte(saisie, u"num_empmask"), u"12345678"_s);
@@ -274,7 +263,7 @@ private slots:
     {
         employeur(u"11111111"_s, u"Un"_s);
         employeur(u"12345678"_s, u"Deux"_s);
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         dans(u"Command1", u"mod_emp"_s, [&](QWidget &saisie) {
             QCOMPARE(texte(saisie, u"num_empmask"), u"12345678"_s);
             QCOMPARE(texte(saisie, u"clemask"), u"47"_s);
@@ -328,7 +317,7 @@ private slots:
     {
         employeur(u"11111111"_s, u"Un"_s);
         employeur(u"22222222"_s, u"Deux"_s);
-        QWidget &grille = trouver(ouvrir(u"wImp"_s), u"DataGrid1");
+        QWidget &grille = trouver(ouvrir<Frm_imp>(), u"DataGrid1");
         const auto attendre = [&](bool oui) {
             m_dialogue->attendreQuestion(u"confirmer la suppression?"_s, oui, u"confirmation"_s);
         };
@@ -337,18 +326,18 @@ private slots:
         attendre(true);
         QTest::keyClick(&grille, Qt::Key_Delete);
         QCOMPARE(m_essai->lignes(u"SELECT num_emp FROM employeur"_s), QStringList{u"11111111"_s});
-        QVERIFY(permis(u"suppBtn") && m_menu.dits.isEmpty());
+        QVERIFY(permis(u"suppBtn"));
         attendre(true);
         cliquer(*m_fenetre, u"suppBtn");
         QVERIFY(!permis(u"suppBtn") && !permis(u"Command1") && permis(u"ajouterBtn"));
-        QCOMPARE(m_menu.dits, QStringList{u"wdas-"_s});
+        QCOMPARE(m_menu.accords, 2);
         QTest::keyClick(&grille, Qt::Key_Delete);
         QTest::keyClick(&grille, Qt::Key_Return);
     }
 
     void banques()
     {
-        ouvrir(u"wbnq"_s);
+        ouvrir<Frm_BNQ>();
         QVERIFY(!permis(u"Command1") && !permis(u"suppBtn"));
         dans(u"ajouterBtn", u"add_bnq"_s, [&](QWidget &saisie) {
             QCOMPARE(texte(saisie, u"CodeBnq"), u"___"_s);
@@ -400,14 +389,14 @@ private slots:
         employeur(u"11111111"_s, u"Un"_s);
         m_essai->base.RsBanque.ajouter({{u"Code"_s, u"001"}});
         m_essai->base.RsBanque.ajouter({{u"Code"_s, u"002"}});
-        auto &grille = trouver<Grille>(ouvrir(u"wbnq"_s), u"DataGrid1");
+        auto &grille = trouver<Grille>(ouvrir<Frm_BNQ>(), u"DataGrid1");
         QTest::keyClick(&grille, Qt::Key_Delete);
 
         m_dialogue->attendreQuestion(u"confirmer la suppression?"_s, true, u"confirmation"_s);
         cliquer(*m_fenetre, u"suppBtn");
         QVERIFY(m_essai->base.RsEmployeur.vide());
         QCOMPARE(m_essai->base.RsBanque.nombre(), 2);
-        QCOMPARE(m_menu.dits, QStringList{u"wdas-"_s});
+        QCOMPARE(m_menu.accords, 1);
         QVERIFY(!permis(u"suppBtn") && !permis(u"Command1"));
         // Neither another order nor a double click brings them back.
         QHeaderView *tete = grille.horizontalHeader();
@@ -420,9 +409,7 @@ private slots:
     void pasDeFenetreSansTable()
     {
         m_essai->base.RsEmployeur.fermer();
-        RegistreFenetres registre;
-        ajouterFenetresEmployeurs(registre);
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, registre.fabrique(u"wImp"_s)(*m_contexte));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, Frm_imp{*m_contexte});
     }
 };
 

@@ -1,5 +1,4 @@
 #include "rules/calendrier.h"
-#include "screens/contexte.h"
 #include "screens/etatsfenetres.h"
 #include "screens/fenetresaisie.h"
 #include "screens/fenetretable.h"
@@ -7,6 +6,7 @@
 #include "storage/base.h"
 #include "storage/demarrage.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -22,12 +22,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class SansMenu : public MenuPrincipal
-{
-public:
-    void permettre(const QString &, bool) override {}
-};
 
 /// A table window on the employers, as its screens are built.
 class Fenetre : public FenetreTable
@@ -65,7 +59,7 @@ class TestGrille : public QObject
     std::unique_ptr<Base> m_base;
     DialogueScenario m_dialogue;
     DernierRecours m_recours{m_dialogue, [] {}};
-    SansMenu m_menu;
+    MenuTemoin m_menu;
     BornesDePeriode m_bornes;
     QByteArray m_foyerDAvant = qgetenv("HOME");
 

@@ -92,14 +92,22 @@ class TestShell : public QObject
                                  m_base.Cnx.annulerTransaction();
                              }};
     BornesDePeriode m_bornes;
-    RegistreFenetres m_fenetres;
+    QList<EntreeDeMenu> m_menu = entreesDeMenu();
     bool m_autorisee = true;
+
+    static void relier(QList<EntreeDeMenu> &menu, QStringView entree, Fabrique fabrique)
+    {
+        for (EntreeDeMenu &ligne : menu) {
+            if (entree == QStringView(ligne.nom))
+                ligne.fabrique = std::move(fabrique);
+        }
+    }
 
     std::unique_ptr<MDIForm> ouvrirProgramme() { return ouvrirProgramme(m_base); }
 
     std::unique_ptr<MDIForm> ouvrirProgramme(Base &base)
     {
-        auto principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, m_fenetres);
+        auto principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, m_menu);
         principale->show();
         return principale;
     }
@@ -129,18 +137,20 @@ private slots:
     {
         reglages().clear();
         static_cast<Application *>(qApp)->proteger(&m_recours);
-        m_fenetres.ajouter(u"wvalidate"_s, [](Contexte &) { return new Feuille(u"FrmDasValide"_s); });
-        m_fenetres.ajouter(u"wImp"_s, [](Contexte &) { return new Feuille(u"Frm_imp"_s); });
-        m_fenetres.ajouter(u"wPeriode"_s, [](Contexte &) { return new Feuille(u"frmPeriode"_s); });
-        m_fenetres.ajouter(u"wGen"_s, [](Contexte &) { return new Feuille(u"FrmGenCle"_s); });
-        m_fenetres.ajouter(u"wTransfLgDas"_s, [this](Contexte &contexte) -> QWidget * {
+        for (EntreeDeMenu &ligne : m_menu)
+            ligne.fabrique = {};
+        relier(m_menu, u"wvalidate"_s, [](Contexte &) { return new Feuille(u"FrmDasValide"_s); });
+        relier(m_menu, u"wImp"_s, [](Contexte &) { return new Feuille(u"Frm_imp"_s); });
+        relier(m_menu, u"wPeriode"_s, [](Contexte &) { return new Feuille(u"frmPeriode"_s); });
+        relier(m_menu, u"wGen"_s, [](Contexte &) { return new Feuille(u"FrmGenCle"_s); });
+        relier(m_menu, u"wTransfLgDas"_s, [this](Contexte &contexte) -> QWidget * {
             if (m_autorisee)
                 return new Feuille(u"frmexpdas"_s);
             contexte.dialogue.avertir(u"table employeur vide !!!!, opération non autorisée "_s);
             return nullptr;
         });
-        m_fenetres.ajouter(
-            u"wdas"_s, [](Contexte &) -> QWidget * { throw ErreurBase(u"RsEnteteDas n'est pas ouvert."_s); });
+        relier(m_menu, u"wdas"_s,
+               [](Contexte &) -> QWidget * { throw ErreurBase(u"RsEnteteDas n'est pas ouvert."_s); });
     }
 
     void cleanup() { QVERIFY(m_dialogue.acheve()); }
@@ -312,13 +322,13 @@ private slots:
 
     void aireTropPetite()
     {
-        RegistreFenetres fenetres;
-        fenetres.ajouter(u"wvalidate"_s, [](Contexte &) {
+        QList<EntreeDeMenu> menu = m_menu;
+        relier(menu, u"wvalidate"_s, [](Contexte &) {
             auto *feuille = new Feuille(u"FrmDasValide"_s);
             feuille->findChild<QPushButton *>()->setText(QString(100, u'W'));
             return feuille;
         });
-        MDIForm principale(m_base, m_dialogue, m_recours, m_bornes, fenetres);
+        MDIForm principale(m_base, m_dialogue, m_recours, m_bornes, menu);
         principale.resize(400, 300);
         principale.show();
         entree(principale, u"wvalidate"_s)->trigger();
@@ -384,17 +394,19 @@ private slots:
     void permettre()
     {
         const auto principale = ouvrirProgramme();
-        QAction *imp = entree(*principale, u"wImp"_s);
-        imp->trigger();
-        principale->permettre(u"wImp"_s, true);
-        QVERIFY(!imp->isEnabled()); // allowed, but open
-        principale->permettre(u"wImp"_s, false);
-        feuille(*principale, u"Frm_imp"_s)->close();
-        QVERIFY(!imp->isEnabled()); // closed, but not allowed
-        principale->permettre(u"wImp"_s, true);
-        QVERIFY(imp->isEnabled());
-        principale->permettre(u"wsal"_s, true);
-        QVERIFY(!entree(*principale, u"wsal"_s)->isEnabled()); // has no window
+        QAction *cles = entree(*principale, u"wGen"_s);
+        QAction *coche = entree(*principale, u"wActiverOutils"_s);
+        coche->setChecked(true);
+        cles->trigger();
+        coche->setChecked(false);
+        coche->setChecked(true);
+        QVERIFY(!cles->isEnabled()); // allowed, but open
+        coche->setChecked(false);
+        feuille(*principale, u"FrmGenCle"_s)->close();
+        QVERIFY(!cles->isEnabled()); // closed, but not allowed
+        coche->setChecked(true);
+        QVERIFY(cles->isEnabled());
+        coche->setChecked(false);
     }
 
     void fenetresQuiNeSOuvrentPas()
@@ -497,7 +509,7 @@ private slots:
         } dialogue;
         Base base;
         DernierRecours recours(dialogue, {});
-        MDIForm principale(base, dialogue, recours, m_bornes, m_fenetres);
+        MDIForm principale(base, dialogue, recours, m_bornes, m_menu);
         principale.show();
         QCOMPARE(charger(principale), 1);
         QCOMPARE(dialogue.boites.size(), 1);

@@ -1,11 +1,10 @@
 #include "rules/calendrier.h"
 #include "screens/champmasque.h"
-#include "screens/contexte.h"
 #include "screens/dernierrecours.h"
-#include "screens/registrefenetres.h"
 #include "storage/base.h"
 #include "tests/commun/dialoguescenario.h"
-#include "tools/screens/fenetresoutils.h"
+#include "tests/commun/menutemoin.h"
+#include "tools/screens/frmgencle.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -18,12 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SansMenu : public MenuPrincipal
-{
-public:
-    void permettre(const QString &, bool) override {}
-};
-
 } // namespace
 
 /// The key generator, driven from its fields to its labels.
@@ -35,7 +28,7 @@ class TestGenerateurCles : public QObject
     DialogueScenario m_dialogue;
     DernierRecours m_recours{m_dialogue, [] {}};
     BornesDePeriode m_bornes;
-    SansMenu m_menu;
+    MenuTemoin m_menu;
     Contexte m_contexte{m_base, m_dialogue, m_recours, m_bornes, m_menu};
     std::unique_ptr<QWidget> m_ecran;
 
@@ -64,9 +57,7 @@ class TestGenerateurCles : public QObject
 private slots:
     void init()
     {
-        RegistreFenetres registre;
-        ajouterFenetresOutils(registre);
-        m_ecran.reset(registre.fabrique(u"wGen"_s)(m_contexte));
+        m_ecran = std::make_unique<FrmGenCle>(m_contexte);
         m_ecran->show();
         QVERIFY(QTest::qWaitForWindowActive(m_ecran.get()));
         for (const char16_t *label : {u"LabSS", u"LabCCP", u"labRipRIB"})

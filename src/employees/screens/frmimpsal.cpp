@@ -46,8 +46,8 @@ void FrmImpSal::importer()
     };
     const ImportSalaries resultat = importerSalaries(m_contexte.base, m_contexte.dialogue,
                                                      {[this](qint64 lignes) { avancer(lignes); }, compter});
-    if (resultat.employeurAjoute && !m_contexte.base.RsAnnee.vide())
-        m_contexte.menu.permettre(u"wdas"_s, true);
+    if (resultat.employeurAjoute)
+        m_contexte.menu.accorderDeclarations();
 }
 
 /// The bar turns from its beginning to its end again and again, a step each time that there is one to see.

@@ -44,8 +44,7 @@ void add_emp::creer()
         m_champs.reprendre(*refus);
         return;
     }
-    if (base.RsAnnee.estOuvert() && !base.RsAnnee.vide())
-        m_contexte.menu.permettre(u"wdas"_s, true);
+    m_contexte.menu.accorderDeclarations();
 
     accept();
     mettreDevant(*parentWidget());

@@ -46,7 +46,7 @@ void Frm_BNQ::supprimer()
         return;
     m_plusDEmployeur = true;
     permettre();
-    m_contexte.menu.permettre(u"wdas"_s, false);
+    m_contexte.menu.accorderDeclarations();
 }
 
 void Frm_BNQ::permettre()

@@ -41,7 +41,6 @@ void Frm_imp::ajouter()
 
 void Frm_imp::supprimer()
 {
-    Base &base = m_contexte.base;
-    if (supprimerEmployeur(base, m_contexte.dialogue) && base.RsEmployeur.vide())
-        m_contexte.menu.permettre(u"wdas"_s, false);
+    if (supprimerEmployeur(m_contexte.base, m_contexte.dialogue))
+        m_contexte.menu.accorderDeclarations();
 }

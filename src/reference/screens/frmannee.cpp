@@ -33,6 +33,5 @@ void frmannee::ajouter()
         return;
     }
     m_ui->cmbannee->lineEdit()->selectAll(); // the next year is typed over this one
-    if (!m_contexte.base.RsEmployeur.vide())
-        m_contexte.menu.permettre(u"wdas"_s, true);
+    m_contexte.menu.accorderDeclarations();
 }

@@ -3,13 +3,13 @@
 #include "rules/calendrier.h"
 #include "rules/texte.h"
 #include "screens/champmasque.h"
-#include "screens/contexte.h"
 #include "screens/ctrlduree.h"
 #include "screens/etatsfenetres.h"
 #include "screens/grille.h"
 #include "storage/lieux.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/commun/gestes.h"
+#include "tests/commun/menutemoin.h"
 #include "tests/das/basedas.h"
 #include "tests/storage/foyer.h"
 #include "validators/screens/frmdasvalide.h"
@@ -31,12 +31,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class MenuMuet : public MenuPrincipal
-{
-public:
-    void permettre(const QString &, bool) override {}
-};
 
 QString etiquette(const QWidget &ecran, const QString &nom) { return champ<QLabel>(ecran, nom)->text(); }
 
@@ -80,7 +74,7 @@ class TestEcransDas : public QObject
     std::unique_ptr<BaseDas> m_donnees;
     DialogueScenario m_dialogue;
     DernierRecours m_recours{m_dialogue, [this] { m_donnees->base.Cnx.annulerTransaction(); }};
-    MenuMuet m_menu;
+    MenuTemoin m_menu;
     BornesDePeriode m_bornes;
     std::unique_ptr<Contexte> m_contexte;
 

@@ -5,10 +5,10 @@
 #include "employees/screens/frmsalarie.h"
 #include "rules/calendrier.h"
 #include "screens/champmasque.h"
-#include "screens/contexte.h"
 #include "screens/etatsfenetres.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/commun/gestes.h"
+#include "tests/commun/menutemoin.h"
 #include "tests/employees/basesalaries.h"
 
 #include <QApplication>
@@ -27,13 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class MenuNote : public MenuPrincipal
-{
-public:
-    void permettre(const QString &entree, bool permis) override { permises[entree] = permis; }
-    QHash<QString, bool> permises;
-};
 
 /// Runs in the window that the next action opens modally.
 void dansLaFenetre(const std::function<void(QWidget &)> &action)
@@ -57,7 +50,7 @@ class TestEcransSalaries : public QObject
     std::unique_ptr<BaseSalaries> m_donnees;
     DialogueScenario m_dialogue;
     DernierRecours m_recours{m_dialogue, [this] { m_donnees->base.Cnx.annulerTransaction(); }};
-    MenuNote m_menu;
+    MenuTemoin m_menu;
     BornesDePeriode m_bornes;
     std::unique_ptr<Contexte> m_contexte;
 
@@ -363,7 +356,7 @@ private slots:
         QCOMPARE(champ<QLabel>(*ecran, u"LabSalAdd"_s)->text(), u"Salariés Ajoutés : 1"_s);
         QCOMPARE(champ<QLabel>(*ecran, u"LabSalIgn"_s)->text(), u"Salariés Ignorés : 1"_s);
         QCOMPARE(champ<QLabel>(*ecran, u"LabTot"_s)->text(), u"Total : 2"_s);
-        QCOMPARE(m_menu.permises.value(u"wdas"_s), true);
+        QCOMPARE(m_menu.accords, 1);
 
         m_dialogue.attendreFichier(m_donnees->fichier(u"s.txt"_s, "autre"));
         m_dialogue.attendreAvertissement(u"Fichier incorrect! Importation échouée!!"_s);

@@ -1,8 +1,8 @@
 #include "rules/calendrier.h"
-#include "screens/contexte.h"
 #include "screens/dernierrecours.h"
 #include "storage/base.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
 #include "validators/screens/frmdasvalide.h"
 
 #include <QClipboard>
@@ -21,12 +21,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class MenuMuet : public MenuPrincipal
-{
-public:
-    void permettre(const QString &, bool) override {}
-};
 
 /// A line of a national without fault: nothing of it is listed.
 const QString bonneLigne =
@@ -84,7 +78,7 @@ private:
 
     QTemporaryDir m_dossier;
     DialogueScenario m_dialogue;
-    MenuMuet m_menu;
+    MenuTemoin m_menu;
     Base m_base;
     BornesDePeriode m_bornes;
     DernierRecours m_recours{m_dialogue, [] {}};

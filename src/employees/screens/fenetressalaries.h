@@ -1,6 +1,0 @@
-#pragma once
-
-class RegistreFenetres;
-
-/// Adds the windows of employees to those that the main menu opens.
-void ajouterFenetresSalaries(RegistreFenetres &registre);

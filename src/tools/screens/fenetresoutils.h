@@ -1,6 +1,0 @@
-#pragma once
-
-class RegistreFenetres;
-
-/// Adds the windows of the tools to those that the main menu opens.
-void ajouterFenetresOutils(RegistreFenetres &registre);

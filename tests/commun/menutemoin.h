@@ -1,0 +1,12 @@
+#pragma once
+
+#include "screens/contexte.h"
+
+/// The main menu for a screen that stands alone.
+class MenuTemoin : public MenuPrincipal
+{
+public:
+    void accorderDeclarations() override { ++accords; }
+    /// How often a screen said that campaigns or employers came or went.
+    int accords = 0;
+};
