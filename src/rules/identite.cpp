@@ -137,8 +137,8 @@ bool CtrlCompteCCP(QStringView &compte)
         qsizetype zeros = 0;
         while (zeros < propre.size() && propre[zeros] == u'0')
             ++zeros;
-        propre = propre.sliced(zeros);
-        compte = propre;
+        compte = propre.sliced(zeros);
+        propre = Trim(compte);
     }
     if (propre.size() < 5 || propre.size() > 20 || !chiffresSeuls(propre))
         return false;

@@ -2,7 +2,9 @@
 
 #include "screens/dernierrecours.h"
 
+#include <QEvent>
 #include <QIcon>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +19,11 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 
 bool Application::notify(QObject *recepteur, QEvent *evenement)
 {
+    // A label guesses the format of its text, and the tool tip is a label too.
+    if (evenement->type() == QEvent::Polish) {
+        if (auto *label = qobject_cast<QLabel *>(recepteur))
+            label->setTextFormat(Qt::PlainText);
+    }
     try {
         return QApplication::notify(recepteur, evenement);
     } catch (...) {

@@ -9,15 +9,16 @@ void ListeTextes::ajouter(QStringView texte)
 {
     m_octets += encoder(texte);
     m_fins.push_back(m_octets.size());
+    const qsizetype rang = taille() - 1;
+    if (longueur(rang) > longueur(m_rangPlusLong))
+        m_rangPlusLong = rang;
 }
 
 void ListeTextes::vider() { *this = {}; }
 
 QString ListeTextes::operator[](qsizetype i) const
 {
-    const auto rang = static_cast<std::size_t>(i);
-    const qsizetype debut = rang == 0 ? 0 : m_fins[rang - 1];
-    return decoder(QByteArrayView(m_octets).sliced(debut, m_fins[rang] - debut));
+    return decoder(QByteArrayView(m_octets).sliced(debut(i), longueur(i)));
 }
 
 void ListesErreurs::ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom,
@@ -41,6 +42,5 @@ void ListesErreurs::vider()
     O = {};
     N.vider();
     NP.vider();
-    m_debutMots = E.taille();
     m_octets = 0;
 }

@@ -15,10 +15,16 @@ public:
 
     qsizetype taille() const { return static_cast<qsizetype>(m_fins.size()); }
     QString operator[](qsizetype i) const;
+    /// The longest text; empty for an empty list.
+    QString plusLong() const { return m_fins.empty() ? QString() : (*this)[m_rangPlusLong]; }
 
 private:
+    qsizetype debut(qsizetype i) const { return i == 0 ? 0 : m_fins[static_cast<std::size_t>(i - 1)]; }
+    qsizetype longueur(qsizetype i) const { return m_fins[static_cast<std::size_t>(i)] - debut(i); }
+
     QByteArray m_octets;
     std::vector<qsizetype> m_fins;
+    qsizetype m_rangPlusLong = 0;
 };
 
 /// One set of five parallel lists, entry i of each being the same error. ListeErrRejet and its four
@@ -39,9 +45,6 @@ public:
 
     qsizetype taille() const { return Entrees.taille(); }
 
-    /// The words that belong to entry i, whatever earlier extractions left in front of them.
-    QString motsDe(qsizetype i) const { return E[m_debutMots + i]; }
-
     /// What the clerk reads: ListeErrRejet or ListeErrOK.
     ListeTextes Entrees;
     /// Number of the data line: ListeO or ListeOok.
@@ -54,6 +57,5 @@ public:
     ListeTextes E;
 
 private:
-    qsizetype m_debutMots = 0;
     qsizetype m_octets = 0;
 };

@@ -26,6 +26,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -133,6 +134,19 @@ class TestShell : public QObject
     }
 
 private slots:
+    void textesSansMiseEnForme()
+    {
+        QLabel label(u"<b>BENALI</b>"_s);
+        label.show();
+        QCOMPARE(label.textFormat(), Qt::PlainText);
+        QToolTip::showText({}, u"<img src=\"x\"> BENALI"_s, &label);
+        const auto ouvertes = QApplication::topLevelWidgets();
+        const auto bulle = std::find_if(ouvertes.begin(), ouvertes.end(),
+                                        [](QWidget *w) { return w->inherits("QTipLabel"); });
+        QVERIFY(bulle != ouvertes.end());
+        QCOMPARE(static_cast<QLabel *>(*bulle)->textFormat(), Qt::PlainText);
+    }
+
     void initTestCase()
     {
         reglages().clear();

@@ -107,15 +107,16 @@ private slots:
         QCOMPARE(resultats().join(u' '), attendu);
     }
 
-    /// A number with a sign has no key: the failure is told and ends the action; a key worked out before it
-    /// shows.
+    /// A number with a sign has no key: that is told, and the two others show what they have.
     void signe()
     {
-        saisir(u"TxtSS", u"1234567890"_s);
+        saisir(u"TxtSS", u"-1"_s);
         saisir(u"TxtCCP", u"-5"_s);
+        saisir(u"wCptRIPRIB", u"00712345678901234561"_s);
+        m_dialogue.attendreCritique(u"« -1 » n'est pas fait de chiffres seuls."_s);
         m_dialogue.attendreCritique(u"« 000000-5 » n'est pas fait de chiffres seuls."_s);
         QTest::keyClick(&trouver<QLineEdit>(u"TxtSS"), Qt::Key_Return);
-        QCOMPARE(resultats().join(u' '), u"29 avant avant"_s);
+        QCOMPARE(resultats().join(u' '), u"avant avant Vrai"_s);
         QCOMPARE(trouver<QLineEdit>(u"TxtCCP").text(), u"-5"_s);
     }
 

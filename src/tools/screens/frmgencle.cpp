@@ -43,10 +43,12 @@ FrmGenCle::~FrmGenCle() = default;
 
 void FrmGenCle::generer()
 {
-    // Each key shows before the next number is looked at, which may be refused.
-    montrer(*m_ui->LabSS, cleDuSS(m_ui->TxtSS->text()));
-    montrer(*m_ui->LabCCP, cleDuCCP(m_ui->TxtCCP->text()));
-    montrer(*m_ui->labRipRIB, verdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue));
+    // A number that has no key is told and leaves the other two.
+    DernierRecours &recours = m_contexte.dernierRecours;
+    recours.agir([&] { montrer(*m_ui->LabSS, cleDuSS(m_ui->TxtSS->text())); });
+    recours.agir([&] { montrer(*m_ui->LabCCP, cleDuCCP(m_ui->TxtCCP->text())); });
+    recours.agir(
+        [&] { montrer(*m_ui->labRipRIB, verdictRipRib(m_ui->wCptRIPRIB->text(), m_contexte.dialogue)); });
 }
 
 /// The verdict on the account stays, which is meant.

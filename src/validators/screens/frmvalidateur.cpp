@@ -41,9 +41,21 @@ void copierEntrees(const QTableView &table)
     lignes.erase(std::unique(lignes.begin(), lignes.end()), lignes.end());
     QString texte;
     for (const int ligne : lignes)
-        texte += table.model()->index(ligne, 0).data(ModeleErreurs::RoleEntree).toString() + u'\n';
+        texte += table.model()->index(ligne, ModeleErreurs::Entree).data().toString() + u'\n';
     if (!texte.isEmpty())
         QGuiApplication::clipboard()->setText(texte);
+}
+
+/// Makes room for the longest entry to be read whole. Beyond a few hundred characters the box below is
+/// better.
+void elargirEntree(QTableView &table)
+{
+    constexpr qsizetype caracteres = 300;
+    const auto &modele = static_cast<const ModeleErreurs &>(*table.model());
+    const int largeur = table.fontMetrics().horizontalAdvance(modele.entreePlusLongue().left(caracteres)) +
+                        2 * table.fontMetrics().height();
+    if (largeur > table.columnWidth(ModeleErreurs::Entree))
+        table.setColumnWidth(ModeleErreurs::Entree, largeur);
 }
 
 } // namespace
@@ -92,16 +104,17 @@ void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
     const int chiffre = table->fontMetrics().horizontalAdvance(u'0');
     table->setColumnWidth(ModeleErreurs::Ligne, 10 * chiffre);
+    table->setColumnWidth(ModeleErreurs::Entree, 100 * chiffre);
     table->setColumnWidth(ModeleErreurs::Numero, 17 * chiffre);
     table->setColumnWidth(ModeleErreurs::Nom, 32 * chiffre);
-    table->horizontalHeader()->setStretchLastSection(true);
+    table->setHorizontalScrollMode(QTableView::ScrollPerPixel);
     table->horizontalHeader()->setHighlightSections(false);
 
     // The whole entry of the current row stands below the table, to be read and selected.
     auto *detail = findChild<QPlainTextEdit *>(u"Detail"_s + nom);
     connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, detail,
             [detail](const QModelIndex &courante) {
-                detail->setPlainText(courante.data(ModeleErreurs::RoleEntree).toString());
+                detail->setPlainText(courante.siblingAtColumn(ModeleErreurs::Entree).data().toString());
             });
     connect(modele, &QAbstractItemModel::modelReset, detail, &QPlainTextEdit::clear);
 
@@ -139,8 +152,10 @@ void FrmValidateur::extraire()
     const auto finir = qScopeGuard([&] {
         m_avancement->hide();
         actualiser();
-        for (auto *table : findChildren<QTableView *>())
+        for (auto *table : findChildren<QTableView *>()) {
+            elargirEntree(*table);
             table->selectRow(0);
+        }
         // The errors are read next; and one Enter too many for the boxes must not begin a new extraction.
         if (verdict == Verdict::Interrompue)
             return;

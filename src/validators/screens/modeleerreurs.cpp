@@ -28,6 +28,8 @@ void ModeleErreurs::actualiser()
     }
 }
 
+QString ModeleErreurs::entreePlusLongue() const { return m_listes.Entrees.plusLong(); }
+
 int ModeleErreurs::rowCount(const QModelIndex &parent) const { return parent.isValid() ? 0 : m_montrees; }
 
 int ModeleErreurs::columnCount(const QModelIndex &parent) const
@@ -41,7 +43,7 @@ QVariant ModeleErreurs::data(const QModelIndex &index, int role) const
     if (!index.isValid() || index.row() >= m_listes.taille())
         return {};
     const int rang = index.row();
-    if (role == RoleEntree || role == Qt::ToolTipRole)
+    if (role == Qt::ToolTipRole)
         return m_listes.Entrees[rang];
     if (role == Qt::TextAlignmentRole && index.column() == Ligne)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
@@ -50,12 +52,12 @@ QVariant ModeleErreurs::data(const QModelIndex &index, int role) const
     switch (index.column()) {
     case Ligne:
         return m_listes.O[static_cast<std::size_t>(rang)];
+    case Entree:
+        return m_listes.Entrees[rang];
     case Numero:
         return m_listes.N[rang];
     case Nom:
         return m_listes.NP[rang];
-    case Mots:
-        return m_listes.motsDe(rang);
     default:
         return {};
     }
@@ -72,12 +74,12 @@ QVariant ModeleErreurs::headerData(int section, Qt::Orientation orientation, int
     switch (section) {
     case Ligne:
         return u"Ligne"_s;
+    case Entree:
+        return u"Erreur"_s;
     case Numero:
         return u"N° SS"_s;
     case Nom:
         return u"Nom et prénom"_s;
-    case Mots:
-        return u"Erreur"_s;
     default:
         return {};
     }

@@ -4,21 +4,21 @@
 
 class ListesErreurs;
 
-/// One set of error lists as a table: line, number, name, words. The full entry is the tool tip and what is
-/// copied. Texts are decoded only for the rows that are shown.
+/// One set of error lists as a table: the line, the entry in full words, number and name. Texts are decoded
+/// only for the rows that are shown.
 class ModeleErreurs : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    enum Colonne { Ligne, Numero, Nom, Mots, NombreColonnes };
-    /// The full entry of a row.
-    static constexpr int RoleEntree = Qt::UserRole;
+    enum Colonne { Ligne, Entree, Numero, Nom, NombreColonnes };
 
     ModeleErreurs(const ListesErreurs &listes, QObject *parent);
 
     /// Takes over what the lists have become since the last call.
     void actualiser();
+
+    QString entreePlusLongue() const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
