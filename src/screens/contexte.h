@@ -17,6 +17,9 @@ public:
     /// not open; so this may be called while the window is open.
     /// @param entree the entry's name, such as "wdas"
     virtual void permettre(const QString &entree, bool permis) = 0;
+
+    /// Opens the window of an entry as the clerk does; one that is open comes to the front.
+    virtual void ouvrir(const QString &entree) = 0;
 };
 
 /// What a screen gets from the program. All of it lives longer than any screen.

@@ -151,8 +151,12 @@ void MDIForm::permettre(const QString &entree, bool permis)
 
 void MDIForm::ouvrir(Entree &entree)
 {
-    if (entree.fenetre)
+    if (entree.fenetre) {
+        if (entree.fenetre->isMinimized())
+            entree.fenetre->showNormal();
+        m_aire->setActiveSubWindow(entree.fenetre);
         return;
+    }
     QWidget *feuille = entree.fabrique(m_contexte);
     if (!feuille)
         return;

@@ -29,6 +29,7 @@ public:
     void charger();
 
     void permettre(const QString &entree, bool permis) override;
+    void ouvrir(const QString &entree) override { ouvrir(m_entrees.at(entree)); }
 
 protected:
     void closeEvent(QCloseEvent *evenement) override;

@@ -30,6 +30,7 @@ class SansMenu : public MenuPrincipal
 {
 public:
     void permettre(const QString &, bool) override {}
+    void ouvrir(const QString &) override {}
 };
 
 } // namespace

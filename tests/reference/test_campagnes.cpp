@@ -36,6 +36,7 @@ class MenuTemoin : public MenuPrincipal
 {
 public:
     void permettre(const QString &entree, bool permis) override { dits += entree + (permis ? u'+' : u'-'); }
+    void ouvrir(const QString &) override {}
     QStringList dits;
 };
 

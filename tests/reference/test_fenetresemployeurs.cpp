@@ -39,6 +39,7 @@ protected:
 class MenuTemoin : public MenuPrincipal
 {
 public:
+    void ouvrir(const QString &) override {}
     void permettre(const QString &entree, bool permis) override
     {
         dits.append(entree + (permis ? u'+' : u'-'));

@@ -27,6 +27,7 @@ class SansMenu : public MenuPrincipal
 {
 public:
     void permettre(const QString &, bool) override {}
+    void ouvrir(const QString &) override {}
 };
 
 /// A table window on the employers, as its screens are built.

@@ -36,6 +36,7 @@ class MenuMuet : public MenuPrincipal
 {
 public:
     void permettre(const QString &, bool) override {}
+    void ouvrir(const QString &) override {}
 };
 
 QString etiquette(const QWidget &ecran, const QString &nom) { return champ<QLabel>(ecran, nom)->text(); }

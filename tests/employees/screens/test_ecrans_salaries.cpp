@@ -32,6 +32,7 @@ class MenuNote : public MenuPrincipal
 {
 public:
     void permettre(const QString &entree, bool permis) override { permises[entree] = permis; }
+    void ouvrir(const QString &) override {}
     QHash<QString, bool> permises;
 };
 

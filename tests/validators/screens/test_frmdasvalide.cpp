@@ -26,6 +26,7 @@ class MenuMuet : public MenuPrincipal
 {
 public:
     void permettre(const QString &, bool) override {}
+    void ouvrir(const QString &) override {}
 };
 
 /// A line of a national without fault: nothing of it is listed.
