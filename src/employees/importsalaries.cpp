@@ -1,59 +1,35 @@
 #include "employees/importsalaries.h"
 
-#include "employees/fichesalarie.h"
+#include "rules/colonnesfixes.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
 #include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
-#include "rules/texte.h"
 #include "storage/base.h"
 
 #include <QFile>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field of a line: where it stands, from 0, and the column that it fills.
-struct ChampFichier
-{
-    QStringView colonne;
-    int debut;
-    int longueur;
+constexpr ChampFixe champsEmployeur[] = {
+    {u"num_emp", 1, 8},
+    {u"rais_soc", 9, 40},
+    {u"adresse", 49, 40},
 };
 
-constexpr ChampFichier champsEmployeur[] = {
-    {u"num_emp", 0, 8},
-    {u"rais_soc", 8, 40},
-    {u"adresse", 48, 40},
+constexpr ChampFixe champsSalarie[] = {
+    {u"Num_Salarie", 1, 12}, {u"nom", 13, 15},        {u"prenom", 28, 15},  {u"sf", 43, 1},
+    {u"date_naiss", 44, 10}, {u"lieu_naiss", 54, 40}, {u"adresse", 94, 40}, {u"profes", 134, 20},
+    {u"ville", 154, 50},     {u"c_postal", 204, 5},   {u"presume", 209, 1}, {u"etranger", 210, 1},
 };
-
-constexpr ChampFichier champsSalarie[] = {
-    {u"Num_Salarie", 0, 12}, {u"nom", 12, 15},        {u"prenom", 27, 15},  {u"sf", 42, 1},
-    {u"date_naiss", 43, 10}, {u"lieu_naiss", 53, 40}, {u"adresse", 93, 40}, {u"profes", 133, 20},
-    {u"ville", 153, 50},     {u"c_postal", 203, 5},   {u"presume", 208, 1}, {u"etranger", 209, 1},
-};
-
-QStringView couper(QStringView ligne, const ChampFichier &champ)
-{
-    return Trim(ligne.mid(champ.debut, champ.longueur));
-}
-
-/// The next line, only its head when it is overlong: no field stands further back.
-QString lireLigne(LecteurLignes &lecteur)
-{
-    constexpr qsizetype utile = 512;
-    const QByteArrayView ligne = lecteur.lire();
-    return decoder(ligne.first(std::min(ligne.size(), utile)));
-}
 
 /// @return whether the employer is a new one
 bool importerEmployeur(Base &base, QStringView ligne, Dialogue &dialogue)
 {
     Champs champs;
-    for (const ChampFichier &champ : champsEmployeur)
+    for (const ChampFixe &champ : champsEmployeur)
         champs.append({champ.colonne.toString(), couper(ligne, champ)});
     const QStringView numero = couper(ligne, champsEmployeur[0]);
     if (base.Cnx.existe(u"SELECT 1 FROM employeur WHERE num_emp = ?"_s, {numero}))
@@ -65,52 +41,43 @@ bool importerEmployeur(Base &base, QStringView ligne, Dialogue &dialogue)
     return true;
 }
 
-class AjoutSalaries
+/// The file has no cpt_z; the lines of declarations refer to the employee by it.
+QStringList colonnesSalarie()
 {
-public:
-    explicit AjoutSalaries(Connexion &cnx) : m_cnx(cnx)
-    {
-        QStringList marques;
-        for (const ChampFichier &champ : champsSalarie) {
-            m_colonnes += champ.colonne.toString();
-            marques += u"?"_s;
-        }
-        // The file has no cpt_z; the lines of declarations refer to the employee by it.
-        m_sql = u"INSERT INTO salarie (%1, cpt_z) VALUES (%2, 1)"_s.arg(m_colonnes.join(u", "),
-                                                                        marques.join(u", "));
-    }
+    QStringList colonnes;
+    for (const ChampFixe &champ : champsSalarie)
+        colonnes += champ.colonne.toString();
+    return colonnes << u"cpt_z"_s;
+}
 
-    /// @return false when the table holds the number already
-    bool ajouter(QStringView ligne)
-    {
-        if (m_cnx.existe(u"SELECT 1 FROM salarie WHERE Num_Salarie = ?"_s, {couper(ligne, champsSalarie[0])}))
-            return false;
-        Valeurs valeurs;
-        for (const ChampFichier &champ : champsSalarie) {
-            const QStringView texte = couper(ligne, champ);
-            valeurs += champ.colonne == u"date_naiss" ? Valeur(lireDate(texte)) : Valeur(texte);
-        }
-        m_cnx.executer(m_sql, valeurs, m_colonnes);
-        return true;
+Valeurs valeursSalarie(QStringView ligne)
+{
+    Valeurs valeurs;
+    for (const ChampFixe &champ : champsSalarie) {
+        const QStringView texte = couper(ligne, champ);
+        valeurs += champ.colonne == u"date_naiss" ? Valeur(lireDate(texte)) : Valeur(texte);
     }
-
-private:
-    Connexion &m_cnx;
-    QStringList m_colonnes;
-    QString m_sql;
-};
+    return valeurs << 1;
+}
 
 ImportSalaries importer(LecteurLignes &lecteur, Base &base, Dialogue &dialogue, const SuiviImport &suivi)
 {
     ImportSalaries resultat;
-    resultat.employeurAjoute = importerEmployeur(base, lireLigne(lecteur), dialogue);
-    suivi.avancer(0);
-    AjoutSalaries salaries(base.Cnx);
-    while (!lecteur.finie()) {
-        ++(salaries.ajouter(lireLigne(lecteur)) ? resultat.ajoutes : resultat.ignores);
-        suivi.avancer(resultat.ajoutes + resultat.ignores);
+    resultat.employeurAjoute =
+        importerEmployeur(base, lireColonnes(lecteur, derniereColonne(champsEmployeur)), dialogue);
+    resultat.fait = suivi.avancer(0);
+    Insertion salaries(base.Cnx, u"salarie"_s, colonnesSalarie());
+    while (resultat.fait && !lecteur.finie()) {
+        const QString ligne = lireColonnes(lecteur, derniereColonne(champsSalarie));
+        if (base.Cnx.existe(u"SELECT 1 FROM salarie WHERE Num_Salarie = ?"_s,
+                            {couper(ligne, champsSalarie[0])})) {
+            ++resultat.ignores;
+        } else {
+            salaries.ajouter(valeursSalarie(ligne));
+            ++resultat.ajoutes;
+        }
+        resultat.fait = suivi.avancer(resultat.ajoutes + resultat.ignores);
     }
-    resultat.fait = true;
     return resultat;
 }
 
@@ -127,12 +94,14 @@ ImportSalaries importerSalaries(Base &base, Dialogue &dialogue, const SuiviImpor
         QFile fichier(chemin);
         ouvrir(fichier, chemin);
         LecteurLignes lecteur(fichier);
-        if (lireLigne(lecteur) != fonds::MarqueSalaries) {
+        if (QLatin1String(lecteur.lire()) != fonds::MarqueSalaries) {
             dialogue.avertir(u"Fichier incorrect! Importation échouée!!"_s);
             return {};
         }
         Transaction transaction(base.Cnx);
         resultat = importer(lecteur, base, dialogue, suivi);
+        if (!resultat.fait)
+            return {};
         transaction.commit();
     } catch (const Erreur &) {
         return {}; // without a word: that is required

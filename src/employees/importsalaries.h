@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <functional>
+#include "rules/avancement.h"
 
 class Base;
 class Dialogue;
@@ -20,13 +18,12 @@ struct ImportSalaries
 /// What an import shows while it runs.
 struct SuiviImport
 {
-    /// Told before the first employee, with 0, and after each, with how many lines are done.
-    std::function<void(qint64)> avancer;
+    Avancement avancer;
     /// Shows the counts, before the clerk is told of the end.
     std::function<void(const ImportSalaries &)> compter;
 };
 
 /// Lets the clerk choose a file "KORVANDEL SALARIE VER 1.0" and adds its employer and the employees whose
 /// number the table lacks, in one transaction. Nothing is checked but the dates. Every failure but a wrong
-/// first line ends without a word and leaves the database as it was.
+/// first line, and a stop, ends without a word and leaves the database as it was.
 ImportSalaries importerSalaries(Base &base, Dialogue &dialogue, const SuiviImport &suivi);

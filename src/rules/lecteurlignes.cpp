@@ -45,6 +45,7 @@ bool LecteurLignes::finie() { return m_debut == m_fin && !remplir(); }
 
 QByteArrayView LecteurLignes::lire()
 {
+    ++m_numero;
     qsizetype vus = 0;
     for (;;) {
         const char *debut = m_tampon.constData() + m_debut;

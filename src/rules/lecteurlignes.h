@@ -23,6 +23,9 @@ public:
     /// @throws ErreurFichier at the end, when the file can't be read, and for a line beyond LongueurMax
     QByteArrayView lire();
 
+    /// The number of the line read last, from 1; behind a failure of lire() that of the line that failed.
+    qint64 numero() const { return m_numero; }
+
     /// Bytes of the lines handed out so far, their ends included.
     qint64 octetsLus() const { return m_octetsLus; }
 
@@ -35,6 +38,7 @@ private:
     qsizetype m_fin = 0;
     bool m_epuisee = false;
     qint64 m_octetsLus = 0;
+    qint64 m_numero = 0;
 };
 
 /// Opens a file for reading. @param nom what the refusal calls it

@@ -277,6 +277,14 @@ double lireNombre(QStringView texte)
     return Val(QString(texte.toString()).replace(SepAutre, SepDecimal));
 }
 
+qint64 lireEntier(QStringView texte)
+{
+    const double arrondi = std::nearbyint(lireNombre(sansBlancs(texte)));
+    if (std::abs(arrondi) > std::numeric_limits<qint32>::max())
+        throw ErreurConversion(u"« %1 » est un nombre trop grand."_s.arg(texte));
+    return static_cast<qint64>(arrondi);
+}
+
 Currency Currency::deEntier(qint64 valeur) { return Currency(UniteCurrency) * valeur; }
 
 Currency Currency::deTexte(QStringView texte)

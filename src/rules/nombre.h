@@ -24,6 +24,10 @@ double Val(QStringView texte);
 /// The number of a text that EstNumerique accepts. @throws ErreurConversion for any other
 double lireNombre(QStringView texte);
 
+/// The whole number that a column takes of a typed or read text: all blanks dropped, rounded half to even.
+/// @throws ErreurConversion for a text that is no number and beyond the 32 bits of such a column
+qint64 lireEntier(QStringView texte);
+
 /// An exact amount: a 64-bit count of ten-thousandths.
 class Currency
 {

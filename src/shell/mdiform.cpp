@@ -158,8 +158,12 @@ void MDIForm::accorderDeclarations() { permettre(u"wdas"_s, m_contexte.base.decl
 
 void MDIForm::ouvrir(Entree &entree)
 {
-    if (entree.fenetre)
+    if (entree.fenetre) {
+        if (entree.fenetre->isMinimized())
+            entree.fenetre->showNormal();
+        m_aire->setActiveSubWindow(entree.fenetre);
         return;
+    }
     QWidget *feuille = entree.fabrique(m_contexte);
     if (!feuille)
         return;

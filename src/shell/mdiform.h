@@ -29,6 +29,7 @@ public:
     void charger();
 
     void accorderDeclarations() override;
+    void ouvrir(const QString &entree) override { ouvrir(m_entrees.at(entree)); }
 
 protected:
     void closeEvent(QCloseEvent *evenement) override;

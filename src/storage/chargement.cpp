@@ -20,8 +20,8 @@ void stockerLignes(Connexion &cnx, const QString &table, LecteurLignes &lecteur,
     while (!lecteur.finie() && ligne.left(3) != u"End") {
         if (!forme.sauteLignesBlanches || !Trim(QStringView(ligne).left(3)).isEmpty()) {
             Champs champs;
-            for (const ChampReference &champ : forme.champs)
-                champs.append({champ.colonne, Trim(QStringView(ligne).mid(champ.debut, champ.longueur))});
+            for (const ChampFixe &champ : forme.champs)
+                champs.append({champ.colonne.toString(), couper(ligne, champ)});
             cnx.inserer(table, champs);
         }
         ligne = decoder(lecteur.lire());
@@ -35,7 +35,7 @@ FichierReference fichierBanques()
     return {cheminBanques(),
             u"Fichier Banques Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s,
             false,
-            {{u"Code"_s, 0, 3}, {u"Abreviat"_s, 3, 10}, {u"Libelle"_s, 13, 50}}};
+            {{u"Code", 1, 3}, {u"Abreviat", 4, 10}, {u"Libelle", 14, 50}}};
 }
 
 FichierReference fichierCommunes()
@@ -43,7 +43,7 @@ FichierReference fichierCommunes()
     return {cheminCommunes(),
             u"Fichier Communes Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s,
             true,
-            {{u"Code"_s, 0, 4}, {u"Libelle"_s, 4, 50}}};
+            {{u"Code", 1, 4}, {u"Libelle", 5, 50}}};
 }
 
 FichierReference fichierWilayas()
@@ -51,7 +51,7 @@ FichierReference fichierWilayas()
     return {cheminWilayas(),
             u"Fichier Wilayas Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s,
             true,
-            {{u"Code"_s, 0, 2}, {u"Libelle"_s, 2, 40}}};
+            {{u"Code", 1, 2}, {u"Libelle", 3, 40}}};
 }
 
 bool chargerReference(Connexion &cnx, Recordset &table, const FichierReference &forme, Dialogue &dialogue)

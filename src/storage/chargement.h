@@ -1,19 +1,13 @@
 #pragma once
 
+#include "rules/colonnesfixes.h"
+
 #include <QList>
 #include <QString>
 
 class Connexion;
 class Dialogue;
 class Recordset;
-
-/// A field of a reference file: where it stands in the line, from 0, and the column that it fills.
-struct ChampReference
-{
-    QString colonne;
-    int debut;
-    int longueur;
-};
 
 /// A reference file of fixed columns in windows-1252, ended by a line "End".
 struct FichierReference
@@ -22,7 +16,7 @@ struct FichierReference
     QString messageAbsent;
     /// Whether a line whose first three characters are blank is passed over; it is a bad line otherwise.
     bool sauteLignesBlanches;
-    QList<ChampReference> champs;
+    QList<ChampFixe> champs;
 };
 
 FichierReference fichierBanques();

@@ -78,10 +78,10 @@ void Connexion::exigerOuverte() const
 {
     if (!m_base.isOpen())
         throw ErreurBase(u"La base de données n'est pas ouverte."_s);
-    // The engine gave up the transaction by itself (full disk, failed write): what follows would be written
-    // on its own, and half a change would stay.
+    // The engine gave up the transaction by itself (full disk, failed write), or the last failure handler
+    // ended it: what follows would be written on its own, and half a change would stay.
     if (m_rompue)
-        throw ErreurBase(u"La transaction en cours a été annulée par la base de données."_s);
+        throw ErreurBase(u"La transaction en cours a été annulée : rien n'en est enregistré."_s);
 }
 
 std::unique_ptr<Requete::Preparee> Connexion::preparer(const QString &sql)
@@ -160,21 +160,12 @@ qint64 Connexion::executer(const QString &sql, const Valeurs &valeurs, const QSt
 qint64 Connexion::inserer(const QString &table, const Champs &champs)
 {
     QStringList noms;
-    QStringList entreCrochets;
-    QStringList marques;
     Valeurs valeurs;
     for (const Champ &champ : champs) {
         noms += champ.colonne;
-        entreCrochets += u"[%1]"_s.arg(champ.colonne);
-        marques += u"?"_s;
         valeurs += champ.valeur;
     }
-    const QString sql =
-        u"INSERT INTO [%1] (%2) VALUES (%3)"_s.arg(table, entreCrochets.join(u", "), marques.join(u", "));
-    auto preparee = lancer(sql, valeurs, noms);
-    const qint64 rowid = preparee->requete.lastInsertId().toLongLong();
-    ranger(sql, std::move(preparee));
-    return rowid;
+    return Insertion(*this, table, noms).ajouter(valeurs);
 }
 
 void Connexion::definir(const QString &sql)
@@ -199,15 +190,42 @@ void Connexion::valider()
     m_enTransaction = false;
 }
 
+void Connexion::retourner() noexcept
+{
+    // Fails only when the engine has rolled back by itself, which is what is wanted.
+    if (std::exchange(m_enTransaction, false))
+        QSqlQuery(m_base).exec(u"ROLLBACK"_s);
+}
+
 void Connexion::annulerTransaction() noexcept
 {
     if (!m_enTransaction)
         return;
-    m_enTransaction = false;
+    retourner();
+    m_rompue = true;
+}
+
+void Connexion::finirSansValider() noexcept
+{
+    retourner();
     m_rompue = false;
-    // Fails only when the engine has rolled back by itself, which is what is wanted.
-    QSqlQuery(m_base).exec(u"ROLLBACK"_s);
     emit transactionAnnulee();
+}
+
+Insertion::Insertion(Connexion &cnx, const QString &table, QStringList colonnes)
+    : m_cnx(cnx), m_colonnes(std::move(colonnes))
+{
+    const QStringList marques(m_colonnes.size(), u"?"_s);
+    m_sql =
+        u"INSERT INTO [%1] ([%2]) VALUES (%3)"_s.arg(table, m_colonnes.join(u"], ["), marques.join(u", "));
+}
+
+qint64 Insertion::ajouter(const Valeurs &valeurs)
+{
+    auto preparee = m_cnx.lancer(m_sql, valeurs, m_colonnes);
+    const qint64 rowid = preparee->requete.lastInsertId().toLongLong();
+    m_cnx.ranger(m_sql, std::move(preparee));
+    return rowid;
 }
 
 Transaction::Transaction(Connexion &cnx) : m_cnx(cnx) { m_cnx.commencer(); }
@@ -223,5 +241,5 @@ void Transaction::commit()
 void Transaction::annuler()
 {
     if (std::exchange(m_ouverte, false))
-        m_cnx.annulerTransaction();
+        m_cnx.finirSansValider();
 }

@@ -81,7 +81,8 @@ public:
 
     bool enTransaction() const { return m_enTransaction; }
 
-    /// Rolls back whatever is open; what the last failure handler calls. Never throws.
+    /// Rolls back whatever is open; what the last failure handler calls. An action in whose middle that
+    /// happens (a window was painted meanwhile) can write nothing more until its guard is gone. Never throws.
     void annulerTransaction() noexcept;
 
 signals:
@@ -90,11 +91,14 @@ signals:
     void transactionAnnulee();
 
 private:
+    friend class Insertion;
     friend class Requete;
     friend class Transaction;
 
     void commencer();
     void valider();
+    void retourner() noexcept;
+    void finirSansValider() noexcept;
     std::unique_ptr<Requete::Preparee> preparer(const QString &sql);
     void ranger(const QString &sql, std::unique_ptr<Requete::Preparee> preparee);
     std::unique_ptr<Requete::Preparee> lancer(const QString &sql, const Valeurs &valeurs,
@@ -107,6 +111,21 @@ private:
     std::unordered_map<QString, std::unique_ptr<Requete::Preparee>> m_preparees;
     bool m_enTransaction = false;
     bool m_rompue = false;
+};
+
+/// The addition of many rows with the same columns: its statement is put together once.
+class Insertion
+{
+public:
+    Insertion(Connexion &cnx, const QString &table, QStringList colonnes);
+
+    /// @param valeurs in the order of the columns @return the rowid of the new row
+    qint64 ajouter(const Valeurs &valeurs);
+
+private:
+    Connexion &m_cnx;
+    QStringList m_colonnes;
+    QString m_sql;
 };
 
 /// The shared command of the main window, for statements that give no rows.

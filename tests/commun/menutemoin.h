@@ -2,6 +2,8 @@
 
 #include "screens/contexte.h"
 
+#include <QStringList>
+
 /// The main menu for a screen that stands alone.
 class MenuTemoin : public MenuPrincipal
 {
@@ -9,4 +11,8 @@ public:
     void accorderDeclarations() override { ++accords; }
     /// How often a screen said that campaigns or employers came or went.
     int accords = 0;
+
+    void ouvrir(const QString &entree) override { ouvertes += entree; }
+    /// The entries that a screen opened.
+    QStringList ouvertes;
 };

@@ -211,7 +211,10 @@ private slots:
             qint64 derniere = -1;
             const ImportSalaries resultat = importerSalaries(
                 base, dialogue,
-                {[&](qint64 lignes) { derniere = lignes; },
+                {[&](qint64 lignes) {
+                     derniere = lignes;
+                     return true;
+                 },
                  [&](const ImportSalaries &r) { comptes = u"%1/%2"_s.arg(r.ajoutes).arg(r.ignores); }});
             QVERIFY(dialogue.acheve());
             QVERIFY(!base.Cnx.enTransaction());
@@ -238,7 +241,7 @@ private slots:
         BaseSalaries donnees;
         DialogueScenario dialogue;
         dialogue.attendreFichier(u""_s); // abandoned: without a word
-        const SuiviImport rien{[](qint64) {}, [](const ImportSalaries &) {}};
+        const SuiviImport rien{[](qint64) { return true; }, [](const ImportSalaries &) {}};
         QVERIFY(!importerSalaries(donnees.base, dialogue, rien).fait);
         dialogue.attendreFichier(u"/introuvable/salaries.txt"_s);
         QVERIFY(!importerSalaries(donnees.base, dialogue, rien).fait);

@@ -549,6 +549,7 @@ private slots:
             throw ErreurBase(u"échec"_s);
         });
         QVERIFY(!base.Cnx.enTransaction());
+        oubliee.reset();
         QVERIFY(!base.Cnx.existe(u"SELECT 1 FROM annee"_s));
     }
 

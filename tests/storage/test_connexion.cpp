@@ -222,8 +222,9 @@ private slots:
             ajouter(u"202003"_s);
             m_cnx.annulerTransaction();
             QVERIFY(!m_cnx.enTransaction());
-            ajouter(u"202004"_s);
+            QVERIFY(!echecDe([&] { ajouter(u"202004"_s); }).isEmpty()); // it would stay by itself
         }
+        ajouter(u"202005"_s);
         QCOMPARE(nombre(), 3);
     }
 

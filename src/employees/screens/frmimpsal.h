@@ -1,17 +1,13 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QWidget>
-
-#include <memory>
+#include "screens/fenetreimport.h"
 
 namespace Ui {
 class FrmImpSal;
 }
-struct Contexte;
 
 /// Import of a file of employees.
-class FrmImpSal : public QWidget
+class FrmImpSal : public FenetreImport
 {
     Q_OBJECT
 
@@ -19,15 +15,8 @@ public:
     explicit FrmImpSal(Contexte &contexte);
     ~FrmImpSal() override;
 
-protected:
-    void closeEvent(QCloseEvent *evenement) override;
-
 private:
-    void importer();
-    void avancer(qint64 lignes);
+    void importer() override;
 
-    Contexte &m_contexte;
     std::unique_ptr<Ui::FrmImpSal> m_ui;
-    QElapsedTimer m_dernierPas;
-    bool m_enCours = false;
 };
