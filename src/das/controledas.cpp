@@ -151,10 +151,7 @@ private:
 
     void compte(const Enregistrement &ligne)
     {
-        const QString ccp = ligne.texte(CompteCCP);
-        const QString bancaire = ligne.texte(CompteBancaire);
-        QStringView compteCCP = ccp;
-        if (CtrlCompteCCP(compteCCP) || compteBancaireValide(Trim(bancaire)))
+        if (comptePayable(ligne.texte(CompteCCP), ligne.texte(CompteBancaire)))
             ++m_nationauxAvecCompte;
         ++m_nationaux;
     }

@@ -161,6 +161,11 @@ bool compteBancaireValide(QStringView compte)
            resteRIB(compte.sliced(3)) == 0;
 }
 
+bool comptePayable(QStringView ccp, QStringView bancaire)
+{
+    return CtrlCompteCCP(ccp) || compteBancaireValide(Trim(bancaire));
+}
+
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue)
 {
     switch (fauteTelephone(texte)) {

@@ -38,6 +38,9 @@ bool CtrlRIP(QStringView compte);
 /// a word.
 bool compteBancaireValide(QStringView compte);
 
+/// Whether a person can be paid: a valid CCP account or RIP, or else a valid bank account.
+bool comptePayable(QStringView ccp, QStringView bancaire);
+
 /// Whether the text of the mask is a telephone number; tells why not.
 bool CtrlTelephone(QStringView texte, Dialogue &dialogue);
 
