@@ -75,17 +75,6 @@ struct EcranNote
     SuiviAffiliation suivi{[this](const FicheSalarie &fiche) { montrees += fiche; }, [this] { ++termine; }};
 };
 
-/// The clerk who says yes to everything.
-class DialogueOui : public Dialogue
-{
-public:
-    QString choisirFichier(const QString &, const QString &) override { return {}; }
-    QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
-
-protected:
-    bool montrer(const Boite &) override { return true; }
-};
-
 /// What stands in the four tables of the number "8823456789" with cpt_z 3, before and after its change.
 const QString clesSalarie = u"SELECT Num_Salarie, cpt_z FROM salarie ORDER BY rowid"_s;
 const QString clesLignes = u"SELECT 'DAS', num_salarie, cpt_z FROM ligne_das UNION ALL "

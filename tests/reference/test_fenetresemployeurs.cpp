@@ -295,7 +295,7 @@ private slots:
     {
         employeur(u"11111111"_s, u"Un"_s);
         employeur(u"12345678"_s, u"Deux"_s);
-        ouvrir(u"wImp"_s);
+        ouvrir<Frm_imp>();
         dans(u"Command1", u"mod_emp"_s, [&](QWidget &saisie) {
             Connexion autre;
             autre.ouvrir(m_essai->chemin());

@@ -5,11 +5,6 @@
 #include <QTest>
 #include <QTimer>
 
-void MenuTemoin::permettre(const QString &entree, bool permis)
-{
-    dits += entree + (permis ? QChar(u'+') : QChar(u'-'));
-}
-
 Banc::Banc(Base &base)
     : recours(dialogue, [&base] { base.Cnx.annulerTransaction(); }), contexte{base, dialogue, recours, bornes,
                                                                               menu}

@@ -5,21 +5,10 @@
 #include "screens/dernierrecours.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/commun/gestes.h"
-
-#include <QStringList>
+#include "tests/commun/menutemoin.h"
 
 #include <functional>
 #include <memory>
-
-/// A main menu that notes what the windows tell it: "wdas+" for an entry that is permitted, "wdas-"
-/// otherwise.
-class MenuTemoin : public MenuPrincipal
-{
-public:
-    void permettre(const QString &entree, bool permis) override;
-
-    QStringList dits;
-};
 
 /// All that a window gets from the program, for the tests of windows: boxes that are expected one by one, the
 /// last failure handler, the menu. Windows are driven through the routines of gestes.h.
