@@ -2,72 +2,63 @@
 
 #include "das/controledas.h"
 #include "das/genredas.h"
+#include "declarations/champsexport.h"
 #include "declarations/declaration.h"
 #include "declarations/exportdeclaration.h"
 #include "rules/dialogue.h"
 #include "rules/fonds.h"
-#include "rules/texte.h"
 #include "storage/base.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using enum Forme;
+
 constexpr QStringView NinBlanc = u"000000000000000000";
 
-void sexe(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += rangee.estNul(colonne) ? u"M"_s : rangee.texte(colonne);
-}
-
-/// A mask that was not filled in counts for nothing, like Null.
-void nin(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    const QString texte = rangee.texte(colonne);
-    ligne += rangee.estNul(colonne) || texte.contains(u'_') ? NinBlanc.toString() : texte;
-}
-
-/// Null repeats what the line before had: this is meant.
-void acteNaissance(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte)
-{
-    if (!rangee.estNul(colonne))
-        reporte = rangee.texte(colonne);
-    ligne += reporte;
-}
-
-constexpr ChampExport champs[] = {
-    {u"l.num_salarie", ecriture::telQuel},
-    {u"nom", ecriture::coupe},
-    {u"prenom", ecriture::coupe},
-    {u"sf", ecriture::telQuel},
-    {u"date_naiss", ecriture::jour},
-    {u"lieu_naiss", ecriture::coupeOuVide},
-    {u"adresse", ecriture::coupeOuVide},
-    {u"ville", ecriture::coupeOuVide},
-    {u"c_postal", ecriture::coupeOuVide},
-    {u"presume", ecriture::telQuel},
-    {u"etranger", ecriture::telQuel},
-    {u"num_cpt_ccp", ecriture::coupeOuVide},
-    {u"num_cpt_banc", ecriture::coupeOuVide},
-    {u"banque", ecriture::coupeOuVide},
-    {u"agence_banque", ecriture::coupeOuVide},
-    {u"profes", ecriture::coupeOuVide},
-    {u"sal_annuel", ecriture::montant},
-    {u"nbj_travail", ecriture::entier},
-    {u"type_dure", ecriture::telQuel},
-    {u"date_es", ecriture::telQuelOuVide},
-    {u"type_date_es", ecriture::telQuelOuVide},
-    {u"sexe", sexe},
-    {u"telephone", ecriture::coupeOuVide},
-    {u"Email", ecriture::coupeOuVide},
-    {u"CinNumber", ecriture::coupeOuVide},
-    {u"IdNat", ecriture::coupeOuVide},
-    {u"PrenomPere", ecriture::coupeOuVide},
-    {u"NomMere", ecriture::coupeOuVide},
-    {u"PrenomMere", ecriture::coupeOuVide},
-    {u"NIN", nin},
-    {u"NumActeNaiss", acteNaissance},
+constexpr ChampExport champsEntete[] = {
+    {u"num_emp", TelQuel},    {u"annee", TelQuel},        {u"Type", TelQuel},
+    {u"sum_annuel", Montant}, {u"total_salarie", Entier},
 };
+
+constexpr ChampExport champsLigne[] = {
+    {u"l.num_salarie", TelQuel},
+    {u"nom", Coupe},
+    {u"prenom", Coupe},
+    {u"sf", TelQuel},
+    {u"date_naiss", Jour},
+    {u"lieu_naiss", Coupe, u""},
+    {u"adresse", Coupe, u""},
+    {u"ville", Coupe, u""},
+    {u"c_postal", Coupe, u""},
+    {u"presume", TelQuel},
+    {u"etranger", TelQuel},
+    {u"num_cpt_ccp", Coupe, u""},
+    {u"num_cpt_banc", Coupe, u""},
+    {u"banque", Coupe, u""},
+    {u"agence_banque", Coupe, u""},
+    {u"profes", Coupe, u""},
+    {u"sal_annuel", Montant},
+    {u"nbj_travail", Entier},
+    {u"type_dure", TelQuel},
+    {u"date_es", TelQuel, u""},
+    {u"type_date_es", TelQuel, u""},
+    {u"sexe", TelQuel, u"M"},
+    {u"telephone", Coupe, u""},
+    {u"Email", Coupe, u""},
+    {u"CinNumber", Coupe, u""},
+    {u"IdNat", Coupe, u""},
+    {u"PrenomPere", Coupe, u""},
+    {u"NomMere", Coupe, u""},
+    {u"PrenomMere", Coupe, u""},
+    // A mask that was not filled in counts for nothing, like Null.
+    {u"NIN", TelQuel, NinBlanc, {}, Inacheve::SiIncomplet},
+    // Null repeats what the line before had: this is meant.
+    {.colonne = u"NumActeNaiss", .reporte = true},
+};
+
+constexpr FormatExport format{fonds::MarqueDas, champsEntete, champsLigne};
 
 /// Whether the declared figures are those of the lines; a figure that is Null counts as zero.
 bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
@@ -86,17 +77,7 @@ bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
 
 void ecrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
 {
-    const CleDeclaration cle = cleEntete(genreDas(), entete);
-    ecrireLigne(fichier, fonds::MarqueDas);
-    const QString ligneEntete = cle.employeur + u';' + cle.periode + u';' + QString::number(cle.type) + u';' +
-                                entete.montant(u"sum_annuel").texte(SepAutre) + u';' +
-                                QString::number(entete.entier(u"total_salarie")) + u';';
-    ecrireLigne(fichier, ligneEntete);
-
-    Requete rangees =
-        base.Cnx.lire(u"SELECT "_s + colonnesExport(champs) + lignesEtSalaries(base, genreDas(), cle),
-                      lignesDe(genreDas(), cle).valeurs);
-    ecrireLignes(fichier, rangees, champs);
+    ecrireDeclaration(base, genreDas(), format, entete, cleEntete(genreDas(), entete), fichier);
 }
 
 bool exporterDas(Base &base, bool cheminFige, Dialogue &dialogue)

@@ -1,9 +1,7 @@
 #include "declarations/exportdeclaration.h"
 
-#include "rules/date.h"
 #include "rules/dialogue.h"
-#include "rules/texte.h"
-#include "storage/connexion.h"
+#include "rules/erreurs.h"
 #include "storage/lieux.h"
 
 #include <QDir>
@@ -36,7 +34,9 @@ QString ecrireAuDossierFixe(const ExportDeclaration &declaration)
     try {
         ecrireFichier(chemin, declaration);
     } catch (const Erreur &erreur) {
-        throw ErreurFatale(erreur.texte());
+        if (declaration.fatalAuDossierFixe)
+            throw ErreurFatale(erreur.texte());
+        throw;
     }
     return chemin;
 }
@@ -45,39 +45,33 @@ QString ecrireOuLeCommisVeut(const ExportDeclaration &declaration, Dialogue &dia
 {
     const QString chemin = dialogue.choisirDestination(declaration.titre, declaration.nomPropose,
                                                        u"Fichiers texte (*.txt);;Tous les fichiers (*)"_s);
-    if (chemin.isEmpty())
-        dialogue.afficher(u"Nom de fichier incorrect"_s);
-    else
+    const QString sansFichier = u"Nom de fichier incorrect"_s;
+    if (!chemin.isEmpty())
         ecrireFichier(chemin, declaration);
+    else if (declaration.titreSansFichier.isEmpty())
+        dialogue.afficher(sansFichier);
+    else
+        dialogue.avertir(sansFichier, declaration.titreSansFichier);
     return chemin;
 }
 
 QString exporterAuChoix(const ExportDeclaration &declaration, Dialogue &dialogue)
 {
+    using enum ExportDeclaration::Gardien;
+    bool garde = declaration.gardien == DesLeControle;
     try {
-        return declaration.controler() ? ecrireOuLeCommisVeut(declaration, dialogue) : QString();
+        if (!declaration.controler())
+            return {};
+        garde = declaration.gardien != Aucun;
+        return ecrireOuLeCommisVeut(declaration, dialogue);
     } catch (const Erreur &) {
+        if (!garde)
+            throw;
         if (!declaration.echec.isEmpty())
             dialogue.critique(declaration.echec);
         return {};
     }
 }
-
-QString texteRequis(const Enregistrement &rangee, int colonne)
-{
-    const QVariant valeur = rangee.valeur(colonne);
-    if (valeur.isNull())
-        throw ErreurConversion(u"une valeur obligatoire manque."_s);
-    return valeur.toString();
-}
-
-void ecrireOctets(QIODevice &fichier, const QByteArray &octets)
-{
-    if (fichier.write(octets) != octets.size())
-        throw ErreurFichier(u"Le fichier ne peut pas être écrit.\n%1"_s.arg(fichier.errorString()));
-}
-
-constexpr QStringView finDeLigne = u"\r\n";
 
 } // namespace
 
@@ -91,78 +85,10 @@ bool exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &d
     if (chemin.isEmpty())
         return false;
     dialogue.informer(declaration.succes + QDir::toNativeSeparators(chemin));
+    try {
+        if (declaration.ensuite)
+            declaration.ensuite();
+    } catch (const Erreur &) { // the file stands, and that is what counts
+    }
     return true;
 }
-
-QString colonnesExport(std::span<const ChampExport> champs)
-{
-    QStringList colonnes;
-    for (const ChampExport &champ : champs)
-        colonnes += champ.colonne.toString();
-    return colonnes.join(u", ");
-}
-
-void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs)
-{
-    QString ligne;
-    QString reporte;
-    for (qint64 numero = 1; rangees.suivante(); ++numero) {
-        ligne.resize(0);
-        for (std::size_t i = 0; i < champs.size(); ++i) {
-            try {
-                champs[i].ecrire(ligne, rangees, static_cast<int>(i), reporte);
-            } catch (const ErreurConversion &erreur) {
-                throw ErreurConversion(u"Ligne %1, colonne « %2 » : %3"_s.arg(
-                    QString::number(numero), champs[i].colonne, erreur.texte()));
-            }
-            ligne += u';';
-        }
-        ligne += finDeLigne;
-        ecrireOctets(fichier, encoder(ligne));
-    }
-}
-
-void ecrireLigne(QIODevice &fichier, QStringView ligne)
-{
-    ecrireOctets(fichier, encoder(ligne) + encoder(finDeLigne));
-}
-
-namespace ecriture {
-
-void telQuel(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += texteRequis(rangee, colonne);
-}
-
-void coupe(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += Trim(texteRequis(rangee, colonne));
-}
-
-void jour(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    texteRequis(rangee, colonne);
-    ligne += texteDate(rangee.date(colonne));
-}
-
-void montant(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += rangee.montant(colonne).texte(SepAutre);
-}
-
-void entier(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += QString::number(rangee.entier(colonne));
-}
-
-void telQuelOuVide(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += rangee.texte(colonne);
-}
-
-void coupeOuVide(QString &ligne, const Enregistrement &rangee, int colonne, QString &)
-{
-    ligne += Trim(rangee.texte(colonne));
-}
-
-} // namespace ecriture

@@ -3,12 +3,9 @@
 #include <QString>
 
 #include <functional>
-#include <span>
 
 class Dialogue;
-class Enregistrement;
 class QIODevice;
-class Requete;
 
 /// One export of a declaration to a file. Without a fixed folder the clerk chooses the file.
 struct ExportDeclaration
@@ -24,46 +21,21 @@ struct ExportDeclaration
     std::function<void(QIODevice &)> ecrire;
     /// Told with the path when all is written.
     QString succes;
-    /// Told on a failure where the clerk chose the file; when it is empty the action ends without a word.
-    QString echec;
+    /// What follows the success; its failure is not told.
+    std::function<void()> ensuite = {};
+
+    /// Where the clerk chooses the file, failures from here on end the action.
+    enum class Gardien { DesLeControle, DesLeChoix, Aucun } gardien = Gardien::DesLeControle;
+    /// Told of such a failure; when it is empty the action ends without a word.
+    QString echec = {};
+    /// Whether a failure in the fixed folder, while the file is written, ends the program.
+    bool fatalAuDossierFixe = true;
+    /// The title of the warning that no file was chosen; a plain box when it is empty.
+    QString titreSansFichier = {};
 };
 
-/// Runs an export. A failure in the fixed folder while the file is written is an ErreurFatale, any other one
-/// there goes to the caller; where the clerk chooses the file, failures from the control on end here. This
-/// difference is meant.
+/// Runs an export: control, target, file, success. The declarations differ in what becomes of a failure, and
+/// this is meant; one that nothing guards goes to the caller.
+/// @throws ErreurFatale for a failure in the fixed folder, where it ends the program
 /// @return whether the file was written
 bool exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue);
-
-/// Appends the text of one column to the line of a file.
-/// @param reporte the field as the line before had it, for a column that repeats it
-using EcritureChamp = void (*)(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-
-/// A field of a line of a file: the column that it comes from and how it is written.
-struct ChampExport
-{
-    QStringView colonne;
-    EcritureChamp ecrire;
-};
-
-/// The columns for a SELECT, in the order of the fields.
-QString colonnesExport(std::span<const ChampExport> champs);
-
-/// Writes a line for every row of the query, whose columns are those of colonnesExport().
-void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs);
-
-/// Writes a line in the code page with its end. @throws ErreurFichier
-void ecrireLigne(QIODevice &fichier, QStringView ligne);
-
-// How fields are written. A Null that the first five meet is an ErreurConversion which names the column.
-
-namespace ecriture {
-void telQuel(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-void coupe(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-void jour(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-void montant(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-void entier(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-/// As stored; Null gives an empty field.
-void telQuelOuVide(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-/// Trimmed; Null gives an empty field.
-void coupeOuVide(QString &ligne, const Enregistrement &rangee, int colonne, QString &reporte);
-} // namespace ecriture
