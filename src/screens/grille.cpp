@@ -1,9 +1,10 @@
 #include "screens/grille.h"
 
+#include "rules/erreurs.h"
 #include "screens/dernierrecours.h"
 #include "screens/etatsfenetres.h"
 #include "screens/feuille.h"
-#include "storage/recordset.h"
+#include "storage/liste.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -53,29 +54,31 @@ Grille::Grille(QWidget *parent) : QTableView(parent)
 
 Grille::~Grille() { garderLargeurs(); }
 
-void Grille::lier(Recordset &recordset, const QList<ColonneGrille> &colonnes, DernierRecours &dernierRecours)
+void Grille::lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRecours &dernierRecours)
 {
-    m_recordset = &recordset;
+    m_liste = &liste;
     m_colonnes = colonnes;
     m_feuille = feuilleDe(this)->objectName();
     for (const ColonneGrille &colonne : m_colonnes) {
-        recordset.rangColonne(colonne.nom);
-        recordset.titrer(colonne.nom, colonne.titre);
+        if (liste.sectionDe(colonne.nom) < 0)
+            throw ErreurBase(u"La colonne « %1 » n'existe pas."_s.arg(colonne.nom));
+        m_modele.titrer(colonne.nom, colonne.titre);
         const int largeur = reglages().value(cleLargeur(colonne.nom)).toInt();
         if (largeur >= horizontalHeader()->minimumSectionSize()) {
             m_largeurs.insert(colonne.nom, largeur);
             m_duCommis.insert(colonne.nom);
         }
     }
-    setModel(&recordset);
+    m_modele.setListe(liste);
+    setModel(&m_modele);
     mettreEnPlace();
     mesurer();
     montrerCourante();
 
-    connect(&recordset, &Recordset::ligneCouranteChangee, this, &Grille::montrerCourante);
+    connect(&liste, &Liste::ligneCouranteChangee, this, &Grille::montrerCourante);
     const auto remesurer = [this] { m_aMesurer.start(); };
-    connect(&recordset, &QAbstractItemModel::rowsInserted, this, remesurer);
-    connect(&recordset, &QAbstractItemModel::dataChanged, this, remesurer);
+    connect(&liste, &QAbstractItemModel::rowsInserted, this, remesurer);
+    connect(&liste, &QAbstractItemModel::dataChanged, this, remesurer);
     dernierRecours.connecter(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grille::trierPar);
     connect(this, &QAbstractItemView::doubleClicked, this, &Grille::modificationDemandee);
 }
@@ -84,7 +87,7 @@ void Grille::lier(Recordset &recordset, const QList<ColonneGrille> &colonnes, De
 void Grille::reset()
 {
     QTableView::reset();
-    if (!m_recordset)
+    if (!m_liste)
         return;
     const bool colonnes = horizontalHeader()->count() > 0;
     if (!colonnes)
@@ -102,7 +105,7 @@ void Grille::mettreEnPlace()
     for (int section = 0; section < tete->count(); ++section)
         tete->hideSection(section);
     for (int place = 0; place < m_colonnes.size(); ++place) {
-        const int section = sectionDe(m_colonnes[place].nom);
+        const int section = m_liste->sectionDe(m_colonnes[place].nom);
         if (section < 0)
             continue;
         tete->showSection(section);
@@ -113,24 +116,15 @@ void Grille::mettreEnPlace()
     montrerTri();
 }
 
-int Grille::sectionDe(const QString &colonne) const
-{
-    for (int section = 0; section < horizontalHeader()->count(); ++section) {
-        if (m_recordset->nomColonne(section).compare(colonne, Qt::CaseInsensitive) == 0)
-            return section;
-    }
-    return -1;
-}
-
 // The current row
 
 void Grille::montrerCourante()
 {
-    if (!m_recordset->estOuvert() || m_recordset->ligneCourante() < 0)
+    if (!m_liste->estOuvert() || m_liste->ligneCourante() < 0)
         return;
     const int colonne =
         currentIndex().isValid() ? currentIndex().column() : horizontalHeader()->logicalIndex(0);
-    const QModelIndex courante = model()->index(m_recordset->ligneCourante(), colonne);
+    const QModelIndex courante = model()->index(m_liste->ligneCourante(), colonne);
     selectionModel()->setCurrentIndex(courante,
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(courante);
@@ -139,8 +133,8 @@ void Grille::montrerCourante()
 void Grille::currentChanged(const QModelIndex &courante, const QModelIndex &precedente)
 {
     QTableView::currentChanged(courante, precedente);
-    if (courante.isValid() && m_recordset->estOuvert())
-        m_recordset->allerA(courante.row());
+    if (courante.isValid() && m_liste->estOuvert())
+        m_liste->allerA(courante.row());
 }
 
 /// The current row is the selected one, whatever keys are held: there is no row without it.
@@ -168,11 +162,11 @@ void Grille::keyPressEvent(QKeyEvent *evenement)
         return;
     case Qt::Key_Home:
         if (surLigne)
-            m_recordset->allerA(0);
+            m_liste->allerA(0);
         return;
     case Qt::Key_End:
         if (surLigne)
-            m_recordset->allerA(m_recordset->rowCount() - 1);
+            m_liste->allerA(m_liste->rowCount() - 1);
         return;
     default:
         QTableView::keyPressEvent(evenement);
@@ -185,15 +179,15 @@ void Grille::trierPar(int section)
 {
     // The head turns its arrow by itself at a click, also when the database then refuses.
     const auto fleche = qScopeGuard([this] { montrerTri(); });
-    const Tri croissant{m_recordset->nomColonne(section)};
-    const bool dejaCroissant = m_recordset->tri() == QList<Tri>{croissant};
-    m_recordset->trier(croissant.colonne, dejaCroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
+    const Tri croissant{m_liste->nomColonne(section)};
+    const bool dejaCroissant = m_liste->tri() == QList<Tri>{croissant};
+    m_liste->trier(croissant.colonne, dejaCroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void Grille::montrerTri()
 {
-    const QList<Tri> tri = m_recordset->tri();
-    const int section = tri.isEmpty() ? -1 : sectionDe(tri.first().colonne);
+    const QList<Tri> tri = m_liste->tri();
+    const int section = tri.isEmpty() ? -1 : m_liste->sectionDe(tri.first().colonne);
     horizontalHeader()->setSortIndicatorShown(section >= 0);
     if (section >= 0)
         horizontalHeader()->setSortIndicator(section, tri.first().sens);
@@ -208,7 +202,7 @@ void Grille::mesurer()
     QHeaderView *tete = horizontalHeader();
     const int fleche = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, tete) + 4;
     for (const ColonneGrille &colonne : std::as_const(m_colonnes)) {
-        const int section = sectionDe(colonne.nom);
+        const int section = m_liste->sectionDe(colonne.nom);
         if (section < 0 || m_duCommis.contains(colonne.nom))
             continue;
         const int vue = std::max(sizeHintForColumn(section), tete->sectionSizeHint(section) + fleche);
@@ -226,7 +220,7 @@ void Grille::appliquerLargeurs()
     const QScopedValueRollback garde(m_dimensionne, true);
     int reste = viewport()->width();
     for (const ColonneGrille &colonne : std::as_const(m_colonnes)) {
-        const int section = sectionDe(colonne.nom);
+        const int section = m_liste->sectionDe(colonne.nom);
         if (section < 0)
             continue;
         const int largeur = m_largeurs.value(colonne.nom, horizontalHeader()->defaultSectionSize());
@@ -241,7 +235,7 @@ void Grille::retenirLargeur(int section, int largeur)
     if (m_dimensionne || !m_enPlace || largeur == 0)
         return;
     for (const ColonneGrille &colonne : std::as_const(m_colonnes)) {
-        if (sectionDe(colonne.nom) == section) {
+        if (m_liste->sectionDe(colonne.nom) == section) {
             m_largeurs[colonne.nom] = largeur;
             m_duCommis.insert(colonne.nom);
         }
@@ -264,7 +258,7 @@ QString Grille::cleLargeur(const QString &colonne) const
 void Grille::showEvent(QShowEvent *evenement)
 {
     QTableView::showEvent(evenement);
-    if (m_recordset) {
+    if (m_liste) {
         mesurer();
         montrerCourante();
     }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "screens/modelegrille.h"
+
 #include <QHash>
 #include <QSet>
 #include <QTableView>
 #include <QTimer>
 
 class DernierRecours;
-class Recordset;
+class Liste;
 
 /// A column of a grid: its name in the table and the title above it.
 struct ColonneGrille
@@ -15,10 +17,9 @@ struct ColonneGrille
     QString titre;
 };
 
-/// The grid on a recordset. Its selection and the recordset's current row are one, both ways, also through a
-/// requery. A click on a head sorts by that column, a second click on the same head turns the order round.
-/// Columns are as wide as what is seen of them; the widths that the clerk gives them are remembered for the
-/// screen.
+/// The grid on a list. Its selection and the list's current row are one, both ways, also through a requery. A
+/// click on a head sorts by that column, a second click on the same head turns the order round. Columns are
+/// as wide as what is seen of them; the widths that the clerk gives them are remembered for the screen.
 class Grille : public QTableView
 {
     Q_OBJECT
@@ -27,9 +28,9 @@ public:
     explicit Grille(QWidget *parent = nullptr);
     ~Grille() override;
 
-    /// Shows these columns of the recordset, in this order and no others. The recordset must be open, and may
+    /// Shows these columns of the list, in this order and no others. The list must be open, and may
     /// be closed and opened again later. To be called once the grid stands in its screen.
-    void lier(Recordset &recordset, const QList<ColonneGrille> &colonnes, DernierRecours &dernierRecours);
+    void lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRecours &dernierRecours);
 
     void reset() override;
     void keyboardSearch(const QString &) override {}
@@ -61,10 +62,9 @@ private:
     void retenirLargeur(int section, int largeur);
     void garderLargeurs();
     QString cleLargeur(const QString &colonne) const;
-    int sectionDe(const QString &colonne) const;
-    int derniereSection() const { return sectionDe(m_colonnes.last().nom); }
 
-    Recordset *m_recordset = nullptr;
+    Liste *m_liste = nullptr;
+    ModeleGrille m_modele;
     QList<ColonneGrille> m_colonnes;
     QString m_feuille;
     QHash<QString, int> m_largeurs;

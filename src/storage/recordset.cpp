@@ -1,6 +1,5 @@
 #include "storage/recordset.h"
 
-#include "rules/date.h"
 #include "rules/texte.h"
 
 #include <algorithm>
@@ -13,38 +12,6 @@ namespace {
 /// Rows read together, and rows kept: a few screens full.
 constexpr int rangee = 64;
 constexpr int lignesGardees = 32 * rangee;
-
-constexpr QStringView masqueMontant = u"## ### ### ###.00";
-
-QVariant montrable(const QVariant &valeur, Genre genre)
-{
-    const bool entier = valeur.typeId() == QMetaType::LongLong;
-    if (genre == Genre::Montant && entier)
-        return formatMasque(Currency::deDixMilliemes(valeur.toLongLong()), masqueMontant);
-    if (genre == Genre::Jour) {
-        if (const QDate jour = jourStocke(valeur); jour.isValid())
-            return texteDate(jour);
-    }
-    return valeur.toString();
-}
-
-/// Numbers stand on the right.
-QVariant alignement(Genre genre)
-{
-    const bool nombre = genre == Genre::Entier || genre == Genre::Montant;
-    return QVariant::fromValue(Qt::Alignment((nombre ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
-}
-
-QVariant typee(const QVariant &valeur, Genre genre)
-{
-    if (genre == Genre::Montant && valeur.typeId() == QMetaType::LongLong)
-        return QVariant::fromValue(Currency::deDixMilliemes(valeur.toLongLong()));
-    if (genre == Genre::Jour) {
-        if (const QDate jour = jourStocke(valeur); jour.isValid())
-            return jour;
-    }
-    return valeur;
-}
 
 } // namespace
 
@@ -79,8 +46,7 @@ Condition commencePar(const QString &colonne, QStringView texte)
 }
 
 Recordset::Recordset(Connexion &cnx, QString table, QList<Tri> tri, QObject *parent)
-    : QAbstractTableModel(parent), m_cnx(cnx), m_table(std::move(table)), m_triPropre(std::move(tri)),
-      m_lues(lignesGardees)
+    : Liste(parent), m_cnx(cnx), m_table(std::move(table)), m_triPropre(std::move(tri)), m_lues(lignesGardees)
 {
     connect(&m_cnx, &Connexion::transactionCommencee, this, &Recordset::avantTransaction);
     connect(&m_cnx, &Connexion::transactionAnnulee, this, &Recordset::apresAnnulation);
@@ -452,13 +418,6 @@ void Recordset::apresAnnulation() noexcept
     }
 }
 
-void Recordset::titrer(const QString &colonne, const QString &titre)
-{
-    m_titres.insert(colonne.toLower(), titre);
-    if (columnCount() > 0)
-        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-}
-
 int Recordset::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rowids.size());
@@ -471,33 +430,12 @@ int Recordset::columnCount(const QModelIndex &parent) const
 
 QVariant Recordset::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-        return {};
-    const Genre genre = m_genres[index.column()];
-    if (role == Qt::TextAlignmentRole)
-        return alignement(genre);
-    if (role != Qt::DisplayRole && role != Qt::EditRole)
+    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     try {
         const QVariantList &lues = brutes(index.row());
-        if (lues.isEmpty() || lues[index.column()].isNull())
-            return {};
-        const QVariant &valeur = lues[index.column()];
-        return role == Qt::DisplayRole ? montrable(valeur, genre) : typee(valeur, genre);
+        return lues.isEmpty() ? QVariant() : typee(lues[index.column()], m_genres[index.column()]);
     } catch (const Erreur &) {
         return {}; // a view asks, and nothing may be thrown through it
     }
-}
-
-QVariant Recordset::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
-        return {};
-    if (role == Qt::DisplayRole) {
-        const QString &nom = m_noms->at(section);
-        return m_titres.value(nom.toLower(), nom);
-    }
-    if (role == Qt::TextAlignmentRole)
-        return alignement(m_genres[section]);
-    return {};
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "storage/connexion.h"
+#include "storage/liste.h"
 
-#include <QAbstractTableModel>
 #include <QCache>
 
 #include <memory>
@@ -21,15 +21,6 @@ struct Condition
 /// included. Percent signs, underscores and quotes are ordinary characters.
 Condition commencePar(const QString &colonne, QStringView texte);
 
-/// One column of an order.
-struct Tri
-{
-    QString colonne;
-    Qt::SortOrder sens = Qt::AscendingOrder;
-
-    friend bool operator==(const Tri &, const Tri &) = default;
-};
-
 /// The rows of one table, under a condition and in an order (that of entry when there is none), as a Qt model
 /// with a current row. It keeps the rowids and reads the rows when they are looked at, so a table of any size
 /// opens at once and shows in a grid.
@@ -43,7 +34,7 @@ struct Tri
 ///
 /// All routines throw ErreurBase when the recordset is not open, except those of the model, which show no
 /// row, and estOuvert().
-class Recordset : public QAbstractTableModel
+class Recordset : public Liste
 {
     Q_OBJECT
 
@@ -58,12 +49,12 @@ public:
     /// Opens in the table's own order, again when it is open. @throws ErreurSql, and is closed then
     void ouvrir(const Condition &condition = {});
     void fermer();
-    bool estOuvert() const { return m_ouvert; }
+    bool estOuvert() const override { return m_ouvert; }
     /// Reads the list of rows again, under the same condition and in the same order.
     void requery();
     /// Orders by one column, then by entry; the condition stays.
-    void trier(const QString &colonne, Qt::SortOrder sens = Qt::AscendingOrder);
-    QList<Tri> tri() const { return m_tri; }
+    void trier(const QString &colonne, Qt::SortOrder sens = Qt::AscendingOrder) override;
+    QList<Tri> tri() const override { return m_tri; }
 
     // Rows
 
@@ -76,8 +67,8 @@ public:
 
     // The current row, -1 when there is none
 
-    int ligneCourante() const { return m_courante; }
-    void allerA(int ligne);
+    int ligneCourante() const override { return m_courante; }
+    void allerA(int ligne) override;
     Enregistrement courant() const { return ligne(m_courante); }
     bool estNul(Col colonne) const { return courant().estNul(colonne); }
     QVariant valeur(Col colonne) const { return courant().valeur(colonne); }
@@ -100,24 +91,16 @@ public:
 
     // Columns
 
-    QString nomColonne(int colonne) const { return m_noms->at(colonne); }
+    QString nomColonne(int colonne) const override { return m_noms->at(colonne); }
     /// The place of the column. @throws ErreurBase when there is none
     int rangColonne(Col colonne) const { return colonne.rang(*m_noms); }
-    Genre genreColonne(int colonne) const { return m_genres.at(colonne); }
-    /// The title of a column in a grid; its name otherwise.
-    void titrer(const QString &colonne, const QString &titre);
+    Genre genreColonne(int colonne) const override { return m_genres.at(colonne); }
 
-    // The model: dates dd/mm/yyyy and amounts "## ### ### ###.00" for show, QDate, Currency, qint64 and
-    // QString to edit
+    // The model
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-
-signals:
-    /// Another row is current, or the same at another place.
-    void ligneCouranteChangee(int ligne);
 
 private:
     using Rowids = std::vector<qint64>;
@@ -161,7 +144,6 @@ private:
     std::shared_ptr<const QStringList> m_noms = std::make_shared<const QStringList>();
     QList<Genre> m_genres;
     QStringList m_cle;
-    QHash<QString, QString> m_titres;
 
     Rowids m_rowids;
     int m_courante = -1;

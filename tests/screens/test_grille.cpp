@@ -4,6 +4,7 @@
 #include "screens/fenetretable.h"
 #include "screens/focus.h"
 #include "storage/base.h"
+#include "storage/resultat.h"
 #include "storage/demarrage.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/commun/menutemoin.h"
@@ -380,6 +381,48 @@ private slots:
         QCOMPARE(sorties, 5);
         ecran.close();
         QCOMPARE(sorties, 5);
+    }
+
+    /// A query of two tables: how its values look, in which order they come, and which row stays current.
+    void requeteDeDeuxTables()
+    {
+        employeur(u"12345678"_s, u"Zorn"_s);
+        employeur(u"87654321"_s, u"Abel"_s);
+        for (const QString &numero : {u"12345678"_s, u"87654321"_s})
+            m_base->Cnx.inserer(u"Entete_CI"_s, {{u"N_Identifiant"_s, QString(numero + u"01"_s)},
+                                                 {u"N_employeur"_s, numero},
+                                                 {u"date_arret"_s, QDate(2024, 2, 9)},
+                                                 {u"sum_calc"_s, Currency::deTexte(u"1234567.5")}});
+        Resultat resultat(m_base->Cnx,
+                          {{u"numero"_s, u"e.num_emp"_s},
+                           {u"nom"_s, u"e.rais_soc"_s},
+                           {u"arret"_s, u"c.date_arret"_s, Genre::Jour},
+                           {u"somme"_s, u"c.sum_calc"_s, Genre::Montant},
+                           {u"effectif"_s, u"c.total_calc"_s, Genre::Entier}},
+                          1);
+        const QString depuis = u"FROM employeur AS e, Entete_CI AS c WHERE c.N_employeur = e.num_emp"_s;
+        resultat.ouvrir(depuis, {}, u"e.rais_soc"_s);
+        QWidget ecran;
+        Grille grille(&ecran);
+        grille.lier(resultat, {{u"nom"_s, u"Nom"_s}, {u"somme"_s, u"Cumul"_s}}, m_recours);
+        const auto ligne = [&](int rang) {
+            QStringList textes;
+            for (int colonne = 0; colonne < 5; ++colonne)
+                textes += grille.model()->index(rang, colonne).data().toString();
+            return textes.join(u'|');
+        };
+        QCOMPARE(ligne(0), u"87654321|Abel|09/02/2024|1 234 567.50|"_s);
+        QCOMPARE(grille.model()->headerData(3, Qt::Horizontal).toString(), u"Cumul"_s);
+        const QVariant droite = grille.model()->index(0, 3).data(Qt::TextAlignmentRole);
+        QVERIFY(droite.value<Qt::Alignment>() & Qt::AlignRight);
+
+        resultat.trier(u"nom"_s, Qt::DescendingOrder);
+        QCOMPARE(ligne(0), u"12345678|Zorn|09/02/2024|1 234 567.50|"_s);
+        QCOMPARE(resultat.ligneCourante(), 1);
+        m_base->Cnx.executer(u"DELETE FROM employeur WHERE num_emp = '12345678'"_s);
+        resultat.requery();
+        QCOMPARE(grille.currentIndex().row(), 0);
+        QCOMPARE(resultat.ligne(0).texte(u"numero"), u"87654321"_s);
     }
 };
 

@@ -7,6 +7,7 @@
 #include "employees/screens/recherchesalaries.h"
 #include "rules/date.h"
 #include "screens/contexte.h"
+#include "screens/modelegrille.h"
 #include "storage/base.h"
 #include "ui_frmsalarie.h"
 
@@ -74,7 +75,7 @@ void frmsalarie::montrerCourant()
     for (const auto &[etiquette, colonne] : details) {
         const QModelIndex cellule =
             m_salaries.index(m_salaries.ligneCourante(), m_salaries.rangColonne(colonne));
-        const QString texte = cellule.isValid() ? cellule.data().toString() : QString();
+        const QString texte = texteMontre(cellule.data(Qt::EditRole));
         etiquette->setText(texte);
         etiquette->setToolTip(texte); // whole where the window is narrow
     }
