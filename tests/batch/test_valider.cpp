@@ -283,6 +283,7 @@ private slots:
         outil.start(u"/bin/sh"_s, {u"-c"_s, u"exec \"$0\" --json \"$1\"/octets/*.txt"_s,
                                    QStringLiteral(VALIDER), m_dossier.path()});
         QVERIFY(outil.waitForFinished());
+        std::remove(nomme.constData()); // Qt would not find it
         const Fin fin{outil.exitCode(), outil.readAllStandardOutput(), {}};
         QCOMPARE(fin.code, 0);
         QCOMPARE(fin.objets()[0][u"fichier"].toString(), u"12345678_DAS_2024_ÉTÉ.TXT"_s);
