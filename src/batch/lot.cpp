@@ -1,15 +1,18 @@
 #include "batch/lot.h"
 
+#include "batch/arguments.h"
 #include "rules/erreurs.h"
+#include "rules/lecteurlignes.h"
 #include "rules/texte.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <QFile>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <atomic>
 #include <future>
 #include <semaphore>
+#include <system_error>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -27,17 +30,22 @@ bool DialogueEnregistreur::montrer(const Boite &boite)
     return boite.premierParDefaut;
 }
 
-Resultat validerFichier(const QString &donne, Format impose)
+Resultat validerFichier(const QString &chemin, Format impose)
 {
-    const QString chemin = QDir::cleanPath(donne); // a folder keeps its name when it is given as "folder/"
     Resultat resultat;
     DialogueEnregistreur dialogue;
     try {
-        resultat.fichier = majuscules(QFileInfo(chemin).fileName());
-        resultat.format = impose == Format::Inconnu ? formatDeFichier(chemin) : impose;
+        const QString nom = nomSansDossier(chemin);
+        resultat.fichier = majuscules(nom);
+        const std::unique_ptr<QFile> fichier = fichierDe(chemin);
+        resultat.format = impose;
+        if (impose == Format::Inconnu) {
+            ouvrir(*fichier, nom);
+            resultat.format = formatDe(*fichier);
+        }
         resultat.validateur = nouveauValidateur(resultat.format);
         if (resultat.validateur)
-            resultat.verdict = resultat.validateur->extraire(chemin, dialogue);
+            resultat.verdict = resultat.validateur->extraire(*fichier, nom, dialogue);
         else if (resultat.format == Format::Inconnu)
             dialogue.critique(
                 u"Format inconnu : la première ligne du fichier n'est celle d'aucune déclaration."_s);
@@ -46,6 +54,8 @@ Resultat validerFichier(const QString &donne, Format impose)
     } catch (const Erreur &erreur) {
         resultat.validateur.reset();
         dialogue.critique(erreur.texte());
+    } catch (const std::bad_alloc &) {
+        throw; // it is no fault of the file
     } catch (const std::exception &erreur) {
         resultat.validateur.reset();
         dialogue.critique(u"Erreur inattendue : %1"_s.arg(QString::fromLocal8Bit(erreur.what())));
@@ -74,12 +84,27 @@ void validerLot(const QStringList &chemins, Format impose,
                 places.release();
                 return;
             }
-            promesses[i].set_value(validerFichier(chemins[static_cast<qsizetype>(i)], impose));
+            try {
+                promesses[i].set_value(validerFichier(chemins[static_cast<qsizetype>(i)], impose));
+            } catch (...) {
+                promesses[i].set_exception(std::current_exception());
+            }
         }
     };
     std::vector<std::jthread> equipe;
-    for (std::size_t i = 0; i < coeurs; ++i)
-        equipe.emplace_back(travailler);
+    equipe.reserve(coeurs);
+    // Whatever ends the run, the workers find no further file.
+    const auto congedier = qScopeGuard([&] {
+        prochain = nombre;
+        places.release(static_cast<std::ptrdiff_t>(coeurs));
+    });
+    try {
+        while (equipe.size() < coeurs)
+            equipe.emplace_back(travailler);
+    } catch (const std::system_error &) {
+        if (equipe.empty())
+            throw;
+    }
     for (auto &promesse : promesses) {
         recevoir(promesse.get_future().get());
         places.release();

@@ -35,11 +35,13 @@ struct Resultat
     Verdict verdict = Verdict::Interrompue;
 };
 
-/// Validates one file as the screen of its format does. Never throws: what goes wrong is told in the
+/// Validates one file as the screen of its format does. What goes wrong with the file is told in the
 /// messages.
+/// @param chemin as lireArguments() gives it
 /// @param impose the format to apply; with none the first line of the file chooses
 Resultat validerFichier(const QString &chemin, Format impose);
 
 /// Validates files on all cores and hands the results over in the order of the files.
+/// @throws std::bad_alloc without memory, std::system_error without a thread
 void validerLot(const QStringList &chemins, Format impose,
                 const std::function<void(const Resultat &)> &recevoir);

@@ -13,13 +13,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void ecrire(const QString &chemin, void (*rapport)(const Resultat &, const Sortie &),
-            const Resultat &resultat)
+void ecrire(const QString &chemin, void (Rapport::*rapporter)(const Resultat &), const Resultat &resultat)
 {
     QFile fichier(chemin);
     if (!fichier.open(QIODevice::WriteOnly))
         qFatal("%s: %s", qPrintable(chemin), qPrintable(fichier.errorString()));
-    rapport(resultat, [&](const QByteArray &morceau) { fichier.write(morceau); });
+    Rapport rapport([&](std::string_view morceau) {
+        fichier.write(morceau.data(), static_cast<qint64>(morceau.size()));
+    });
+    (rapport.*rapporter)(resultat);
     if (!fichier.flush())
         qFatal("%s: %s", qPrintable(chemin), qPrintable(fichier.errorString()));
 }
@@ -58,8 +60,8 @@ int main(int argc, char **argv)
     const Resultat resultat = validerFichier(parcours.fichier, Format::Inconnu);
     const QString rapport = foyer.filePath(u"validation.txt"_s);
     const QString json = foyer.filePath(u"validation.json"_s);
-    ecrire(rapport, ecrireTexte, resultat);
-    ecrire(json, ecrireJson, resultat);
+    ecrire(rapport, &Rapport::texte, resultat);
+    ecrire(json, &Rapport::json, resultat);
 
     dire(u"Dossier :"_s, foyer.path());
     dire(u"Déclaration exportée :"_s, parcours.fichier);

@@ -13,6 +13,8 @@ namespace {
 
 constexpr qsizetype TailleBloc = 128 * 1024;
 
+constexpr QStringView PasUnFichier = u"c'est un tube ou un périphérique, et non un fichier.";
+
 } // namespace
 
 LecteurLignes::LecteurLignes(QIODevice &source) : m_source(source), m_tampon(TailleBloc, Qt::Uninitialized) {}
@@ -70,18 +72,25 @@ QByteArrayView LecteurLignes::lire()
 
 void ouvrir(QIODevice &source, const QString &nom)
 {
-    if (source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return;
-    // The usual reasons in our own words: those of Qt and of the system are not always French.
-    QString raison = source.errorString();
-    if (const auto *fichier = qobject_cast<const QFile *>(&source)) {
+    // The usual reasons in our own words: those of Qt and of the system are not always French. They are
+    // sought before the opening, for that of a pipe waits until somebody writes to it.
+    QString raison;
+    const auto *fichier = qobject_cast<const QFile *>(&source);
+    if (fichier && !fichier->fileName().isEmpty()) {
         const QFileInfo info(*fichier);
         if (!info.exists())
             raison = u"il n'existe pas."_s;
         else if (info.isDir())
             raison = u"c'est un dossier."_s;
+        else if (!info.isFile())
+            raison = PasUnFichier.toString();
         else if (!info.isReadable())
             raison = u"vous n'avez pas le droit de le lire."_s;
     }
-    throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, raison));
+    if (raison.isEmpty() && !source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        raison = source.errorString();
+    if (raison.isEmpty() && source.isSequential())
+        raison = PasUnFichier.toString();
+    if (!raison.isEmpty())
+        throw ErreurFichier(u"Le fichier « %1 » ne peut pas être ouvert : %2"_s.arg(nom, raison));
 }

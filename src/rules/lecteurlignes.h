@@ -41,6 +41,6 @@ private:
     qint64 m_numero = 0;
 };
 
-/// Opens a file for reading. @param nom what the refusal calls it
+/// Opens a file for reading; a pipe or a device is refused. @param nom what the refusal calls it
 /// @throws ErreurFichier with the reason
 void ouvrir(QIODevice &source, const QString &nom);

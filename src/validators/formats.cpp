@@ -1,12 +1,12 @@
 #include "validators/formats.h"
 
+#include "rules/erreurs.h"
 #include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
 #include "validators/marque.h"
 #include "validators/validateurdas.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QIODevice>
 
 using namespace Qt::StringLiterals;
 
@@ -51,14 +51,12 @@ Format formatDeNom(QStringView nom)
     return Format::Inconnu;
 }
 
-Format formatDeFichier(const QString &chemin)
+Format formatDe(QIODevice &source)
 {
-    QFile fichier(chemin);
-    ouvrir(fichier, QFileInfo(chemin).fileName());
-    LecteurLignes lecteur(fichier);
-    if (lecteur.finie())
-        return Format::Inconnu;
-    const QString premiere = marqueDe(lecteur.lire());
+    LecteurLignes lecteur(source);
+    const QString premiere = lecteur.finie() ? QString() : marqueDe(lecteur.lire());
+    if (!source.seek(0))
+        throw ErreurFichier(u"Lecture du fichier impossible : %1"_s.arg(source.errorString()));
     for (const Marque &marque : marques) {
         if (marque.texte == premiere)
             return marque.format;

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class QIODevice;
 class Validateur;
 
 /// The file formats of the three declarations.
@@ -14,9 +15,9 @@ QString nomFormat(Format format);
 /// The format of this name, whatever its case; Inconnu for any other text.
 Format formatDeNom(QStringView nom);
 
-/// The format that the first line of the file names, Inconnu where it names none.
-/// @throws ErreurFichier when the file can't be read
-Format formatDeFichier(const QString &chemin);
+/// The format that the first line of the open source names, Inconnu where it names none. Reading starts anew
+/// behind it. @throws ErreurFichier when the source can't be read
+Format formatDe(QIODevice &source);
 
 /// A fresh validator of the format; none where the format has no validator.
 std::unique_ptr<Validateur> nouveauValidateur(Format format);

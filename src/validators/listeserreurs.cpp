@@ -16,10 +16,7 @@ void ListeTextes::ajouter(QStringView texte)
 
 void ListeTextes::vider() { *this = {}; }
 
-QString ListeTextes::operator[](qsizetype i) const
-{
-    return decoder(QByteArrayView(m_octets).sliced(debut(i), longueur(i)));
-}
+QString ListeTextes::operator[](qsizetype i) const { return decoder(octets(i)); }
 
 void ListesErreurs::ajouter(QStringView entree, qint64 ligne, QStringView numero, QStringView nom,
                             QStringView mots)

@@ -15,6 +15,11 @@ public:
 
     qsizetype taille() const { return static_cast<qsizetype>(m_fins.size()); }
     QString operator[](qsizetype i) const;
+    /// The same, as it is held.
+    QByteArrayView octets(qsizetype i) const
+    {
+        return QByteArrayView(m_octets).sliced(debut(i), longueur(i));
+    }
     /// The longest text; empty for an empty list.
     QString plusLong() const { return m_fins.empty() ? QString() : (*this)[m_rangPlusLong]; }
 

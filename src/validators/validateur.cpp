@@ -72,6 +72,9 @@ Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &di
         if (lecteur.finie())
             return interrompre(u"FICHIER VIDE !!!!!!!!!!!"_s);
         return derouler(lecteur);
+    } catch (const std::bad_alloc &) {
+        vider(); // it is no fault of the file, and whoever tells it needs some memory
+        throw;
     } catch (const std::exception &) {
         this->dialogue().afficher(
             u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme sépateur décimal) !"_s);

@@ -41,6 +41,15 @@ bool est(QStringView code, QChar lettre) { return code.size() == 1 && code[0] ==
 /// A day that a rule can't do without. @throws ErreurConversion where there is none
 QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : lireDate(texte); }
 
+/// Count of the lines less that of the header, in plain text. Any number may stand in the header.
+QString ecartDesNombres(qint64 lignes, QStringView entete)
+{
+    constexpr double exact = 9e14; // what an amount holds
+    const double declare = lireNombre(entete);
+    return std::abs(declare) < exact ? (Currency::deEntier(lignes) - LireMontant(entete)).texte()
+                                     : texteNombre(static_cast<double>(lignes) - declare);
+}
+
 } // namespace
 
 QStringList ValidateurDas::nomsResultat() const { return {u"LabDAS"_s, u"LabDAS2"_s}; }
@@ -558,7 +567,7 @@ Verdict ValidateurDas::conclure()
     annoncerTaux();
 
     permettreOnglets();
-    m_resultat2 = comparerTotaux();
+    comparerTotaux();
 
     const bool retournee = rejetDur || tauxSS < 100 || tauxSansCompte > 10;
     if (retournee) {
@@ -604,21 +613,21 @@ void ValidateurDas::annoncerTaux()
 }
 
 /// Shows the totals of the lines and says how they stand to those of the header.
-QString ValidateurDas::comparerTotaux()
+void ValidateurDas::comparerTotaux()
 {
     LabTotSalaires = formatMasque(totalSalaires.valeur(), FormatMontant);
     LabTotSalaries = QString::number(nbLignes);
     m_affiche.total = formatMasque(lireNombre(m_affiche.total), FormatMontant);
 
-    const auto comparer = [](const QString &lignes, const QString &entete, const QString &sujet) {
-        const Currency ecart = LireMontant(lignes) - LireMontant(entete);
-        if (ecart == Currency())
+    const auto comparer = [](const QString &ecart, const QString &sujet) {
+        if (ecart == u"0")
             return QString(sujet + u" = Entête DAS"_s);
-        return QString(sujet + (ecart < Currency() ? u" < "_s : u" > "_s) + u"Entête DAS de  "_s +
-                       ecart.texte());
+        return QString(sujet + (ecart.startsWith(u'-') ? u" < "_s : u" > "_s) + u"Entête DAS de  "_s + ecart);
     };
-    const QString montants = comparer(LabTotSalaires, m_affiche.total, u"Total Lignes DAS"_s);
-    return montants + u'\n' + comparer(LabTotSalaries, m_affiche.effectif, u"Total Nb Salariés Lignes DAS"_s);
+    m_resultat2 =
+        comparer((LireMontant(LabTotSalaires) - LireMontant(m_affiche.total)).texte(), u"Total Lignes DAS"_s);
+    joindre(m_resultat2,
+            comparer(ecartDesNombres(nbLignes, m_affiche.effectif), u"Total Nb Salariés Lignes DAS"_s));
 }
 
 /// The sixteen captions of the months and quarters of the campaign.

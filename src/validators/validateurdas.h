@@ -91,7 +91,7 @@ private:
     bool national();
 
     void annoncerTaux();
-    QString comparerTotaux();
+    void comparerTotaux();
     void nommerOnglets();
 
     Entete m_entete;

@@ -7,6 +7,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -267,15 +272,97 @@ private slots:
         QCOMPARE(refuse.objets()[0][u"messages"][0][u"icone"].toString(), u"critique"_s);
     }
 
+    // A name made elsewhere is no UTF-8; it opens all the same, and the rules see its characters.
+    void nomEnOctets()
+    {
+#ifdef Q_OS_UNIX
+        const QByteArray chemin = QFile::encodeName(ecrire(u"octets/12345678_DAS_2024.txt"_s, bon));
+        const QByteArray nomme = QByteArray(chemin).replace("2024.", "2024_\xE9t\xE9.");
+        QCOMPARE(std::rename(chemin.constData(), nomme.constData()), 0);
+        QProcess outil;
+        outil.start(u"/bin/sh"_s, {u"-c"_s, u"exec \"$0\" --json \"$1\"/octets/*.txt"_s,
+                                   QStringLiteral(VALIDER), m_dossier.path()});
+        QVERIFY(outil.waitForFinished());
+        std::remove(nomme.constData()); // Qt would not find it
+        const Fin fin{outil.exitCode(), outil.readAllStandardOutput(), {}};
+        QCOMPARE(fin.code, 0);
+        QCOMPARE(fin.objets()[0][u"fichier"].toString(), u"12345678_DAS_2024_ÉTÉ.TXT"_s);
+#endif
+    }
+
+    // Neither waits for somebody who writes.
+    void pasDesFichiers()
+    {
+#ifdef Q_OS_UNIX
+        const QString tube = m_dossier.filePath(u"12345678_DAS_2024.TXT"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(tube).constData(), 0600), 0);
+        for (const QStringList &arguments : {QStringList{u"--json"_s, tube},
+                                             {u"--json"_s, u"--format"_s, u"das"_s, tube},
+                                             { u"--json"_s,
+                                               u"/dev/zero"_s }}) {
+            const Fin fin = lancer(arguments);
+            QCOMPARE(fin.code, 2);
+            const QString texte = fin.objets().value(0)[u"messages"][0][u"texte"].toString();
+            QVERIFY2(texte.endsWith(u"c'est un tube ou un périphérique, et non un fichier."),
+                     qPrintable(texte));
+        }
+#endif
+    }
+
+    void ressources_data()
+    {
+        QTest::addColumn<bool>("memoire"); // or threads
+        QTest::newRow("memoire") << true;
+        QTest::newRow("fils") << false;
+    }
+
+    // What can't be had is told at the end; what was validated before it stands whole.
+    void ressources()
+    {
+        QFETCH(bool, memoire);
+#if !defined(Q_OS_LINUX) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        QSKIP("the limits need Linux, and a program without sanitizer");
+#else
+        const QString premier = ecrire(u"ressources/1/12345678_DAS_2024.txt"_s, bon);
+        const QString immense = ecrire(u"ressources/2/12345678_DAS_2024.txt"_s, marque + entete);
+        QVERIFY(QFile(immense).resize(250'000'000)); // one endless line
+        QProcess outil;
+        outil.setChildProcessModifier([memoire] {
+            // A thread's stack is as large as the limit says, and finds no room.
+            const rlimit place{400'000'000, 400'000'000}, pile{1'000'000'000, RLIM_INFINITY};
+            ::setrlimit(RLIMIT_AS, &place);
+            if (!memoire)
+                ::setrlimit(RLIMIT_STACK, &pile);
+        });
+        outil.start(QStringLiteral(VALIDER), {u"--json"_s, premier, immense, premier});
+        QVERIFY(outil.waitForFinished());
+        QCOMPARE(outil.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(outil.exitCode(), 70);
+        QCOMPARE(outil.readAllStandardOutput(),
+                 memoire ? lancer({u"--json"_s, premier}).sortie : QByteArray());
+        QVERIFY(outil.readAllStandardError().startsWith(memoire ? "Mémoire insuffisante" : "Aucun fil"));
+#endif
+    }
+
     void texte()
     {
-        const QString sortie =
+        QString sortie =
             QString::fromUtf8(lancer({ecrire(u"texte/12345678_DAS_2024.txt"_s, interrompu)}).sortie);
         for (const QString &morceau :
              {u"12345678_DAS_2024.TXT (DAS) : interrompue\n"_s,
               u"0 de rejet, 1 sans incidence, 1 lignes, total des salaires 1000.50"_s,
               u"[DAS KORVANDEL] Votre fichier présente des anomalies"_s,
               u"Situation Familiale = X est Différente de M(Marié) ou C(Célibataire)"_s})
+            QVERIFY2(sortie.contains(morceau), qPrintable(sortie));
+
+        // The totals stand in the labels alone; what could steer the terminal is shown by its rank.
+        const QByteArray faux = marque + "12345678;2024;1;1000;1;\r\n" + ligne("\x1B[2J\x9D\x80", "");
+        sortie = QString::fromUtf8(lancer({ecrire(u"texte/12345678_DAS_2024.txt"_s, faux)}).sortie);
+        for (
+            const QString &morceau :
+            {u"  LabDAS : Nbre Erreurs De Rejet : 2 ,  Sans Incidence : 0\n"_s,
+             u"  LabDAS2 : Total Lignes DAS > Entête DAS de  0.5\n      Total Nb Salariés Lignes DAS = Entête DAS\n"_s,
+             u"  -  Nom : \\u001b[2J\\u009d€  - Prénom: Karim"_s})
             QVERIFY2(sortie.contains(morceau), qPrintable(sortie));
     }
 };
