@@ -1,6 +1,7 @@
 #include "das/controledas.h"
 #include "das/exportdas.h"
 #include "das/genredas.h"
+#include "das/importdas.h"
 #include "das/lignedas.h"
 #include "declarations/lignes.h"
 #include "rules/dialogue.h"
@@ -21,7 +22,7 @@ class Muet : public Dialogue
 {
 public:
     explicit Muet(QString chemin = {}) : m_chemin(std::move(chemin)) {}
-    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    QString choisirFichier(const QString &, const QString &) override { return m_chemin; }
     QString choisirDestination(const QString &, const QString &, const QString &) override
     {
         return m_chemin;
@@ -104,6 +105,44 @@ void ecrireFichier(benchmark::State &etat)
     }
 }
 
+/// A file of the older form in which nobody is known: an employee and a line each.
+QByteArray ancienFichier(int64_t lignes)
+{
+    QByteArray fichier =
+        "DAS KORVANDEL VER 2.0\r\n" + QByteArray("876543212023 1").leftJustified(29, '0') + "00000\r\n";
+    for (int64_t i = 0; i < lignes; ++i) {
+        // Numbers come in no order.
+        fichier +=
+            QByteArray::number(i * 7919 % 999'983).rightJustified(12, '8') +
+            QByteArray("NOM " + QByteArray::number(i)).leftJustified(30) +
+            QByteArray("PRENOM").leftJustified(30) + "M04/03/1988" + QByteArray("ALGER").leftJustified(40) +
+            QByteArray("12 RUE DES ROSIERS").leftJustified(50) + QByteArray("ALGER").leftJustified(50) +
+            "16000NN" + QByteArray::number(i * 100).rightJustified(20, '1') + QByteArray(20, ' ') +
+            QByteArray(30, ' ') + QByteArray("MA\xC7ON").leftJustified(25) + "      600000,00" + "   12" +
+            "M01/07/2022EM0550112233" + QByteArray(40, ' ') + QByteArray("123456").rightJustified(15, '0') +
+            "004\r\n";
+    }
+    return fichier;
+}
+
+void importerFichier(benchmark::State &etat)
+{
+    const QByteArray octets = ancienFichier(etat.range(0));
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        {
+            BaseDas essai;
+            essai.base.Cnx.executer(u"PRAGMA synchronous = FULL"_s);
+            Muet muet(essai.fichier(u"das.txt"_s, octets));
+            etat.ResumeTiming();
+            if (!importerDas(essai.base, muet, [](qint64) { return true; }))
+                etat.SkipWithError("refused");
+            etat.PauseTiming();
+        }
+        etat.ResumeTiming();
+    }
+}
+
 constexpr int plusGrande = 100'000;
 
 BENCHMARK(ouvrirLignes)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
@@ -113,6 +152,7 @@ BENCHMARK(ajouterLigne)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(50);
 BENCHMARK(controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(importerFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 BENCHMARK(ecrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 
 } // namespace

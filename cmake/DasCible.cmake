@@ -29,6 +29,7 @@ function(das_precompiler nom)
         add_library(${hote} STATIC ${PROJECT_BINARY_DIR}/pch/${hote}.cpp)
         set_target_properties(${hote} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF POSITION_INDEPENDENT_CODE ON)
         target_link_libraries(${hote} PRIVATE das_options)
+        target_compile_definitions(${hote} PRIVATE $<$<NOT:$<CONFIG:Debug>>:QT_NO_DEBUG>)
         foreach(module Core Sql Gui Widgets)
             target_include_directories(${hote} SYSTEM PRIVATE
                 $<TARGET_PROPERTY:Qt6::${module},INTERFACE_INCLUDE_DIRECTORIES>)

@@ -4,6 +4,7 @@
 #include "rules/calendrier.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
+#include "rules/fonds.h"
 #include "rules/texte.h"
 #include "storage/base.h"
 
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int premiereAnnee = 1998;
 constexpr int anneesEnArriere = 5;
 constexpr qsizetype chiffresAnnee = 4;
 
@@ -44,7 +44,7 @@ bool ajouterCampagne(Base &base, const QString &texte, Dialogue &dialogue)
     if (!estAnnee(texte))
         return refuser(u"Saisissez une année correcte."_s);
     const auto annee = static_cast<int>(lireNombre(texte));
-    if (annee < premiereAnnee || annee > aujourdhui().year()) {
+    if (annee < fonds::PremiereCampagne || annee > aujourdhui().year()) {
         return refuser(u"Année non conforme!\n"
                        "Saisissez une année superieure à 1997 et inferieure ou égale à l'année en cours."_s);
     }

@@ -7,11 +7,16 @@
 namespace fonds {
 
 // First lines of the files; those of an older version are read only.
+inline constexpr QStringView MarqueDas1 = u"DAS KORVANDEL VER 1.0";
+inline constexpr QStringView MarqueDas2 = u"DAS KORVANDEL VER 2.0";
 inline constexpr QStringView MarqueDas = u"DAS KORVANDEL VER 3.0";
 inline constexpr QStringView MarqueDac = u"DAC NOMINATIVE KORVANDEL VER 1.0";
 inline constexpr QStringView MarqueCi = u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 2.0";
 inline constexpr QStringView MarqueCi1 = u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 1.0";
 inline constexpr QStringView MarqueSalaries = u"KORVANDEL SALARIE VER 1.0";
+
+/// The first campaign that is taken, named after the year in which it closes.
+inline constexpr int PremiereCampagne = 1998;
 
 /// Codes of the list of nationalities, and the code of the nationals among them.
 inline constexpr int PremiereNationalite = 1;

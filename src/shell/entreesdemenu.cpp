@@ -1,6 +1,7 @@
 #include "shell/entreesdemenu.h"
 
 #include "das/screens/frmentdas.h"
+#include "das/screens/frmimpligne.h"
 #include "employees/screens/frmimpnat.h"
 #include "employees/screens/frmimpsal.h"
 #include "employees/screens/frmsalarie.h"
@@ -39,7 +40,7 @@ QList<EntreeDeMenu> entreesDeMenu()
         {u"wimport", u"Importer Données", 0, u"wFich", {}, Permise, QStyle::SP_DialogOpenButton},
         {u"wImpFichSal", u"Fichier Salariés", 'R', u"wimport", ecran<FrmImpSal>, Eteinte, SansIcone, u"wActiverOutils"},
         {u"wImpTabNat", u"Fichier nationalité", 0, u"wimport", ecran<FrmImpNat>},
-        {u"wImpDas", u"Fichier salarié", 'L', u"wimport"},
+        {u"wImpDas", u"Fichier salarié", 'L', u"wimport", ecran<FrmImpLigne>},
         {u"wquit", u"Quitter", 'Q', u"wFich", {}, Permise, QStyle::SP_DialogCloseButton},
 
         {u"wDecl", u"Déclarations", 0, nullptr},

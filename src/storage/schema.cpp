@@ -12,6 +12,9 @@ Colonne code(const QString &nom, int largeur) { return {nom, Genre::Texte, large
 
 Colonne entier(const QString &nom) { return {nom, Genre::Entier, SansLimite, false}; }
 
+/// The number of a declaration: an older file may have none, which is kept as it stands.
+Colonne numero(const QString &nom) { return {nom, Genre::Entier, SansLimite, false, true}; }
+
 Colonne montant(const QString &nom) { return {nom, Genre::Montant, SansLimite, false}; }
 
 Colonne jour(const QString &nom) { return {nom, Genre::Jour, SansLimite, false}; }
@@ -27,7 +30,8 @@ QString condition(const Colonne &colonne)
         return colonne.jamaisVide ? u"length(%1) BETWEEN 1 AND %2"_s.arg(nom).arg(colonne.largeur)
                                   : u"length(%1) <= %2"_s.arg(nom).arg(colonne.largeur);
     case Genre::Entier:
-        return u"%1 IS NULL OR typeof(%1) = 'integer' AND %1 BETWEEN -2147483648 AND 2147483647"_s.arg(nom);
+        return (colonne.videAdmis ? u"%1 = '' OR "_s.arg(nom) : QString()) +
+               u"%1 IS NULL OR typeof(%1) = 'integer' AND %1 BETWEEN -2147483648 AND 2147483647"_s.arg(nom);
     case Genre::Montant: // a count of ten-thousandths
         return u"%1 IS NULL OR typeof(%1) = 'integer'"_s.arg(nom);
     case Genre::Jour: // the modifier makes date() turn 31 February into March; a real day comes back as it is
@@ -102,7 +106,7 @@ QList<Table> faireTables()
           {u"salarie_banc"_s, {u"num_cpt_banc"_s}}}},
         {u"annee"_s, {entier(u"annee"_s), texte(u"compagne"_s, SansLimite)}, {u"annee"_s}, {}},
         {u"entete_das"_s,
-         {texte(u"num_emp"_s, 8), entier(u"annee"_s), entier(u"Type"_s), montant(u"sum_annuel"_s),
+         {texte(u"num_emp"_s, 8), entier(u"annee"_s), numero(u"Type"_s), montant(u"sum_annuel"_s),
           entier(u"total_salarie"_s), montant(u"sum_calc"_s), entier(u"total_calc"_s)},
          {u"num_emp"_s, u"annee"_s, u"Type"_s},
          {}},
@@ -110,7 +114,7 @@ QList<Table> faireTables()
         // are found by the key.
         {u"ligne_das"_s,
          {texte(u"num_salarie"_s, 12), entier(u"cpt_z"_s), entier(u"annee"_s), texte(u"num_emp"_s, 8),
-          entier(u"type_das"_s), montant(u"sal_annuel"_s), entier(u"nbj_travail"_s), texte(u"type_dure"_s, 1),
+          numero(u"type_das"_s), montant(u"sal_annuel"_s), entier(u"nbj_travail"_s), texte(u"type_dure"_s, 1),
           texte(u"date_es"_s, 10), texte(u"type_date_es"_s, 1)},
          {u"num_salarie"_s, u"cpt_z"_s, u"annee"_s, u"num_emp"_s, u"type_das"_s},
          {{u"ligne_das_entete"_s, {u"num_emp"_s, u"annee"_s, u"type_das"_s, u"sal_annuel"_s}}}},

@@ -20,8 +20,10 @@ struct Colonne
     Genre genre = Genre::Texte;
     /// Characters of a text.
     int largeur = SansLimite;
-    /// Whether the empty text is refused.
+    /// Whether the empty text is refused, by a column of texts.
     bool jamaisVide = false;
+    /// Whether the empty text is taken, by a column of whole numbers.
+    bool videAdmis = false;
 
     /// char(30), Integer, Currency, Date
     QString type() const;

@@ -1,4 +1,5 @@
 #include "das/genredas.h"
+#include "das/importdas.h"
 #include "das/lignedas.h"
 #include "declarations/entetes.h"
 #include "declarations/lignes.h"
@@ -62,21 +63,38 @@ struct CasLigne
 class Consentant : public Dialogue
 {
 public:
-    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    explicit Consentant(QString fichier = {}) : m_fichier(std::move(fichier)) {}
+    QString choisirFichier(const QString &, const QString &) override { return m_fichier; }
     QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
 
 protected:
     bool montrer(const Boite &) override { return true; }
+
+private:
+    QString m_fichier;
 };
 
 constexpr int lignesAvantLaMort = 2000;
 
-/// Adds lines until it is killed, and tells of every one that is saved.
-int ajouterSansFin(const QString &chemin)
+void direUneLigne()
 {
-    Base base;
-    ouvrirPourSalaries(base, chemin);
-    base.RsEnteteDas.ouvrir();
+    std::fputc('.', stdout);
+    std::fflush(stdout);
+}
+
+/// Imports the file, and tells of every line that is read.
+void importer(Base &base, const QString &fichier)
+{
+    Consentant dialogue(fichier);
+    importerDas(base, dialogue, [](qint64) {
+        direUneLigne();
+        return true;
+    });
+}
+
+/// Adds lines until it is killed, and tells of every one that is saved.
+int ajouterSansFin(Base &base)
+{
     LignesDeclaration lignes(base, genreDas(), cleEntete(genreDas(), base.RsEnteteDas.courant()));
     Consentant dialogue;
     for (int i = 1; i <= lignesAvantLaMort; ++i) {
@@ -86,10 +104,33 @@ int ajouterSansFin(const QString &chemin)
         fiche.cpt_z = i;
         if (ajouterLigneDas(lignes, fiche, dialogue))
             return 1;
-        std::fputc('.', stdout);
-        std::fflush(stdout);
+        direUneLigne();
     }
     return 0;
+}
+
+/// The program that is killed: on this database, with this file when there is one.
+int enfant(const QString &chemin, const QString &fichier)
+{
+    Base base;
+    ouvrirPourSalaries(base, chemin);
+    base.RsEnteteDas.ouvrir();
+    if (fichier.isEmpty())
+        return ajouterSansFin(base);
+    importer(base, fichier);
+    return 0;
+}
+
+/// Kills the program that long after its first line. @return how many lines it has told of
+qint64 tuer(const QStringList &arguments, unsigned long microsecondes)
+{
+    QProcess programme;
+    programme.start(QCoreApplication::applicationFilePath(), QStringList{u"--enfant"_s} + arguments);
+    programme.waitForReadyRead();
+    QThread::usleep(microsecondes);
+    programme.kill();
+    programme.waitForFinished();
+    return programme.readAllStandardOutput().size();
 }
 
 } // namespace
@@ -625,14 +666,8 @@ private slots:
         essai.entete();
         for (int coup = 0; coup < 12; ++coup) {
             essai.base.Cnx.executer(u"DELETE FROM ligne_das"_s);
-            QProcess enfant;
-            enfant.start(QCoreApplication::applicationFilePath(), {u"--enfant"_s, essai.chemin()});
-            QVERIFY(enfant.waitForReadyRead());
-            QThread::usleep(static_cast<unsigned long>(coup) * 3'700);
-            enfant.kill();
-            QVERIFY(enfant.waitForFinished());
-            QCOMPARE(enfant.exitStatus(), QProcess::CrashExit);
-            const qint64 sauvees = enfant.readAllStandardOutput().size();
+            const qint64 sauvees = tuer({essai.chemin()}, static_cast<unsigned long>(coup) * 3'700);
+            QVERIFY(sauvees > 0);
 
             Connexion apres;
             apres.ouvrir(essai.chemin());
@@ -644,6 +679,36 @@ private slots:
             QCOMPARE(entete.entier(0), lignes.entier(0));
             QCOMPARE(entete.entier(1), lignes.entier(1));
         }
+    }
+
+    /// Whenever the program dies in an import, nothing of the file is there, or all of it.
+    void tuePendantUnImport()
+    {
+        constexpr int lignes = 4000;
+        BaseDas essai;
+        const QByteArray ligne = QByteArray(73, ' ') + "04/03/1988" + QByteArray(257, ' ') + "1    1\n";
+        const QString fichier =
+            essai.fichier(u"das.txt"_s, "DAS KORVANDEL VER 1.0\n876543212023 1" + QByteArray(14, '0') +
+                                            "1    1\n" + ligne.repeated(lignes));
+        int sansRien = 0;
+        for (unsigned long coup = 0; coup < 12; ++coup) {
+            const qint64 lues = tuer({essai.chemin(), fichier}, coup * 40'000);
+            Connexion apres;
+            apres.ouvrir(essai.chemin());
+            QCOMPARE(apres.premiere(u"PRAGMA integrity_check"_s).texte(0), u"ok"_s);
+            const bool tout = apres.existe(u"SELECT 1 FROM entete_das"_s);
+            QVERIFY(!tout || lues > lignes);
+            sansRien += tout ? 0 : 1;
+            for (const QString &table : {u"salarie"_s, u"ligne_das"_s}) {
+                QCOMPARE(apres.premiere(u"SELECT count(*) FROM "_s + table).entier(0), tout ? lignes : 0);
+                apres.executer(u"DELETE FROM "_s + table);
+            }
+            QCOMPARE(apres.premiere(u"SELECT count(*) FROM employeur"_s).entier(0), tout ? 2 : 1);
+            apres.executer(u"DELETE FROM employeur WHERE rowid > 1"_s);
+            apres.executer(u"DELETE FROM entete_das"_s);
+        }
+        qInfo("%d kills of 12 left nothing", sansRien);
+        QVERIFY(sansRien > 1);
     }
 
     void champsQuittes()
@@ -676,8 +741,8 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == u"--enfant")
-        return ajouterSansFin(arguments[2]);
+    if (arguments.value(1) == u"--enfant")
+        return enfant(arguments.value(2), arguments.value(3));
     TestDas test;
     return QTest::qExec(&test, argc, argv);
 }
