@@ -6,6 +6,7 @@
 #include "tests/commun/dialoguescenario.h"
 #include "tests/das/basedas.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
@@ -82,16 +83,6 @@ void direUneLigne()
     std::fflush(stdout);
 }
 
-/// Imports the file, and tells of every line that is read.
-void importer(Base &base, const QString &fichier)
-{
-    Consentant dialogue(fichier);
-    importerDas(base, dialogue, [](qint64) {
-        direUneLigne();
-        return true;
-    });
-}
-
 /// Adds lines until it is killed, and tells of every one that is saved.
 int ajouterSansFin(Base &base)
 {
@@ -117,7 +108,11 @@ int enfant(const QString &chemin, const QString &fichier)
     base.RsEnteteDas.ouvrir();
     if (fichier.isEmpty())
         return ajouterSansFin(base);
-    importer(base, fichier);
+    Consentant dialogue(fichier);
+    importerDas(base, dialogue, [](qint64) {
+        direUneLigne();
+        return true;
+    });
     return 0;
 }
 
@@ -686,28 +681,41 @@ private slots:
     {
         constexpr int lignes = 4000;
         BaseDas essai;
-        const QByteArray ligne = QByteArray(73, ' ') + "04/03/1988" + QByteArray(257, ' ') + "1    1\n";
+        const QByteArray ligne = QByteArray(73, ' ') + "04/03/1988" + QByteArray(256, ' ') + "1    1\n";
         const QString fichier =
             essai.fichier(u"das.txt"_s, "DAS KORVANDEL VER 1.0\n876543212023 1" + QByteArray(14, '0') +
                                             "1    1\n" + ligne.repeated(lignes));
+        const QString comptes =
+            u"SELECT (SELECT count(*) FROM employeur), (SELECT count(*) FROM entete_das), "
+            "(SELECT count(*) FROM salarie), (SELECT count(*) FROM ligne_das)"_s;
+        const QStringList rien{u"1|0|0|0"_s};
+        const QStringList tout{u"2|1|%1|%1"_s.arg(lignes)};
+        const auto defaire = [&essai] {
+            for (const QString &table : {u"entete_das"_s, u"salarie"_s, u"ligne_das"_s})
+                essai.base.Cnx.executer(u"DELETE FROM "_s + table);
+            essai.base.Cnx.executer(u"DELETE FROM employeur WHERE rowid > 1"_s);
+        };
+        Consentant dialogue(fichier);
+        QElapsedTimer duree;
+        duree.start();
+        QVERIFY(importerDas(essai.base, dialogue, [](qint64) { return true; }));
+        const auto microsecondes = static_cast<unsigned long>(duree.nsecsElapsed() / 1000);
+        QCOMPARE(essai.lignes(comptes), tout);
+
         int sansRien = 0;
-        for (unsigned long coup = 0; coup < 12; ++coup) {
-            const qint64 lues = tuer({essai.chemin(), fichier}, coup * 40'000);
+        constexpr unsigned long coups = 12;
+        for (unsigned long coup = 0; coup < coups; ++coup) {
+            defaire();
+            tuer({essai.chemin(), fichier}, microsecondes * coup / (coups - 3));
             Connexion apres;
             apres.ouvrir(essai.chemin());
             QCOMPARE(apres.premiere(u"PRAGMA integrity_check"_s).texte(0), u"ok"_s);
-            const bool tout = apres.existe(u"SELECT 1 FROM entete_das"_s);
-            QVERIFY(!tout || lues > lignes);
-            sansRien += tout ? 0 : 1;
-            for (const QString &table : {u"salarie"_s, u"ligne_das"_s}) {
-                QCOMPARE(apres.premiere(u"SELECT count(*) FROM "_s + table).entier(0), tout ? lignes : 0);
-                apres.executer(u"DELETE FROM "_s + table);
-            }
-            QCOMPARE(apres.premiere(u"SELECT count(*) FROM employeur"_s).entier(0), tout ? 2 : 1);
-            apres.executer(u"DELETE FROM employeur WHERE rowid > 1"_s);
-            apres.executer(u"DELETE FROM entete_das"_s);
+            const QStringList trouves = BaseDas::lignes(apres, comptes);
+            QVERIFY2(trouves == rien || trouves == tout, qPrintable(trouves.join(u' ')));
+            sansRien += trouves == rien ? 1 : 0;
         }
-        qInfo("%d kills of 12 left nothing", sansRien);
+        qInfo("%d kills of %d fell into the import of %lu ms", sansRien, static_cast<int>(coups),
+              microsecondes / 1000);
         QVERIFY(sansRien > 1);
     }
 

@@ -20,7 +20,7 @@ void FrmImpLigne::importer()
     });
     if (!fait)
         return;
-    m_contexte.menu.permettre(u"wdas"_s, true);
+    m_contexte.menu.accorderDeclarations();
     close();
     m_contexte.menu.ouvrir(u"wImp"_s); // the employer that has come is to be completed there
 }

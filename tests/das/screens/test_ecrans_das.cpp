@@ -1,4 +1,5 @@
 #include "das/screens/frmentdas.h"
+#include "das/screens/frmimpligne.h"
 #include "das/screens/frmlndas.h"
 #include "rules/calendrier.h"
 #include "rules/texte.h"
@@ -102,11 +103,64 @@ private slots:
     void init()
     {
         reglages().clear();
+        m_menu = {};
         m_donnees = std::make_unique<BaseDas>();
         m_contexte.reset(new Contexte{base(), m_dialogue, m_recours, m_bornes, m_menu});
     }
 
     void cleanup() { QVERIFY(m_dialogue.acheve()); }
+
+    /// While an import runs only its stop button takes input; whatever ends it, the screen is as before.
+    void importation()
+    {
+        const auto ecran = ouvrir(new FrmImpLigne(*m_contexte));
+        const auto auRepos = [&] {
+            return ecran->isVisible() && champ(*ecran, u"CmdImport"_s)->isEnabled() &&
+                   champ(*ecran, u"Command1"_s)->isEnabled() &&
+                   !champ(*ecran, u"CmdArreter"_s)->isVisible() &&
+                   !champ(*ecran, u"ProgressBar1"_s)->isVisible();
+        };
+        const QByteArray entete = "DAS KORVANDEL VER 1.0\n876543212023 1" + QByteArray(14, '0') + "1    1\n";
+        const QByteArray ligne = QByteArray(73, ' ') + "04/03/1988" + QByteArray(256, ' ') + "1    1\n";
+        const QString fichier = m_donnees->fichier(u"das.txt"_s, entete + ligne);
+
+        QPushButton autre;
+        autre.show();
+        int clics = 0;
+        connect(&autre, &QPushButton::clicked, this, [&] { ++clics; });
+        bool enCours = false;
+        QTimer::singleShot(0, this, [&] {
+            enCours = champ(*ecran, u"ProgressBar1"_s)->isVisible() && base().Cnx.enTransaction();
+            QTest::mouseClick(&autre, Qt::LeftButton);
+            QTest::keyClick(&autre, Qt::Key_Space);
+            autre.close();
+            ecran->close();
+            touche(Qt::Key_Space); // on the stop button, which has the focus
+        });
+        m_dialogue.attendreFichier(fichier);
+        m_dialogue.attendreAvertissement(u"Importation arrêtée à la ligne 2 : rien n'a été enregistré."_s,
+                                         u"Interruption de l'importation"_s);
+        cliquer(*ecran, u"CmdImport"_s);
+        QVERIFY(enCours && autre.isVisible() && auRepos());
+        QCOMPARE(clics, 0);
+        QTest::mouseClick(&autre, Qt::LeftButton);
+        QCOMPARE(clics, 1);
+
+        m_dialogue.attendreFichier(m_donnees->fichier(u"faux.txt"_s, entete + "\n"));
+        m_dialogue.attendreCritique(u"Ligne 3 : «  » n'est pas une date (jj/mm/aaaa)."_s);
+        cliquer(*ecran, u"CmdImport"_s);
+        QVERIFY(auRepos() && !base().Cnx.existe(u"SELECT 1 FROM entete_das"_s));
+        QVERIFY(m_menu.ouvertes.isEmpty());
+
+        m_dialogue.attendreFichier(fichier);
+        m_dialogue.attendreInformation(u"Importation du fichier DAS effectuée avec succès!"_s);
+        m_dialogue.attendreInformation(
+            u"Veuillez complèter les informations de cet employeur SVP  :  87654321"_s);
+        cliquer(*ecran, u"CmdImport"_s);
+        QVERIFY(!ecran->isVisible());
+        QCOMPARE(m_menu.ouvertes, QStringList{u"wImp"_s});
+        QCOMPARE(m_menu.accords, 1);
+    }
 
     /// From an empty list of headers to the verdict of the validator.
     void route()
