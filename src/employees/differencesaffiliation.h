@@ -2,8 +2,6 @@
 
 #include <QStringView>
 
-#include <array>
-
 /// The two screens that write an employee: frm_add_sal and frm_mod_sal.
 enum class Affiliation { Creation, Modification };
 
@@ -89,8 +87,7 @@ inline constexpr Selon<bool> aLieuNaissance{true, false};
 inline constexpr Selon<QStringView> communeSansWilaya{u"Veuillez sélectionner la wilaya en premier !",
                                                       u"Veuillez sélectionnez la wilaya en premier !"};
 
-/// The fields whose content is selected on entering them, up to the first empty name.
-inline constexpr Selon<std::array<QStringView, 4>> selectionnesALEntree{
-    {{u"num_salmask"}}, {{u"num_salmask", u"MskNTel", u"TxtEmail", u"TxtPIN"}}};
+/// Whether the address is selected on entering it, as the fields for numbers always are.
+inline constexpr Selon<bool> mailSelectionne{false, true};
 
 } // namespace difference

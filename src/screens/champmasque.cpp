@@ -30,7 +30,7 @@ private:
 
 } // namespace
 
-ChampMasque::ChampMasque(QWidget *parent) : QLineEdit(parent)
+ChampMasque::ChampMasque(QWidget *parent) : ChampNombre(parent)
 {
     setValidator(new GardeMasque(this));
     connect(this, &QLineEdit::textChanged, this, [this](const QString &texte) { m_texte = texte; });
@@ -143,7 +143,7 @@ QString ChampMasque::masquer(const QString &saisie, int &curseur) const
 
 void ChampMasque::mouseReleaseEvent(QMouseEvent *evenement)
 {
-    QLineEdit::mouseReleaseEvent(evenement);
+    ChampNombre::mouseReleaseEvent(evenement);
     // A click into an empty field means its beginning.
     if (estVide() && !hasSelectedText())
         setCursorPosition(0);

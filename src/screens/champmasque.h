@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
+#include "screens/champnombre.h"
 
 /// A field of fixed length with a mask such as "##/##/####": "#" and "9" take a digit or a blank, every other
 /// character stands for itself. Its text is always what it shows, prompt characters included, as the rules
 /// read it: "__/__/____" when nothing is entered. A separator typed early ends its group, "1/" giving 01.
 /// Typing and pasting overwrite; deleting puts the prompt back without moving what stands behind.
-class ChampMasque : public QLineEdit
+class ChampMasque : public ChampNombre
 {
     Q_OBJECT
     Q_PROPERTY(QString masque READ masque WRITE setMasque)

@@ -1,11 +1,11 @@
 #include "screens/ctrlduree.h"
 
+#include "screens/champnombre.h"
 #include "screens/focus.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QRegularExpressionValidator>
 
 #include <limits>
@@ -31,7 +31,7 @@ QString nomUnite(QChar lettre)
 } // namespace
 
 ctrlDuree::ctrlDuree(QWidget *parent)
-    : QWidget(parent), m_nombre(new QLineEdit(this)), m_unite(new QComboBox(this))
+    : QWidget(parent), m_nombre(new ChampNombre(this)), m_unite(new QComboBox(this))
 {
     auto *ligne = new QHBoxLayout(this);
     ligne->setContentsMargins(0, 0, 0, 0);

@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
+class ChampNombre;
 class QComboBox;
-class QLineEdit;
 
 /// A time worked: a whole number and the letter of its unit. In the number the keys of the letters choose the
 /// unit, so that a hand on the digits needs no list.
@@ -29,6 +29,6 @@ protected:
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:
-    QLineEdit *m_nombre;
+    ChampNombre *m_nombre;
     QComboBox *m_unite;
 };

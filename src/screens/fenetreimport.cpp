@@ -63,7 +63,7 @@ FenetreImport::FenetreImport(Contexte &contexte, const QString &nom, const QStri
     contexte.dernierRecours.connecter(m_ui->CmdImport, &QAbstractButton::clicked, this,
                                       [this] { importer(); });
     connect(m_ui->CmdArreter, &QAbstractButton::clicked, this, [this] { m_arret = true; });
-    connect(m_ui->Command1, &QAbstractButton::clicked, this, &QWidget::close);
+    fermerPar(*m_ui->Command1, *this);
 }
 
 FenetreImport::~FenetreImport() = default;

@@ -19,6 +19,5 @@ void FenetreSaisie::relier(QAbstractButton *valider, QAbstractButton *fermer)
 {
     if (auto *premier = qobject_cast<QPushButton *>(valider))
         premier->setDefault(true);
-    marquerFermeture(*fermer);
-    connect(fermer, &QAbstractButton::clicked, this, &QDialog::reject);
+    fermerPar(*fermer, *this);
 }

@@ -14,8 +14,7 @@ void FenetreTable::relier(const Controles &controles, const QList<ColonneGrille>
 {
     boutonsParEntree(*this);
     controles.grille->lier(m_recordset, colonnes, m_dernierRecours);
-    marquerFermeture(*controles.fermer);
-    surClic(controles.fermer, [this] { close(); });
+    fermerPar(*controles.fermer, *this);
     if (controles.modifier)
         connect(controles.grille, &Grille::modificationDemandee, controles.modifier, &QAbstractButton::click);
     if (controles.supprimer)

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -57,10 +58,21 @@ void releverSansClic(QAbstractButton *bouton)
     });
 }
 
+/// Turns the tabs around a control so that it shows.
+void montrerOnglet(QWidget &champ)
+{
+    for (QWidget *page = &champ; page && !page->isWindow(); page = page->parentWidget()) {
+        const QWidget *pages = page->parentWidget();
+        if (auto *onglets = pages ? qobject_cast<QTabWidget *>(pages->parentWidget()) : nullptr)
+            onglets->setCurrentWidget(page);
+    }
+}
+
 } // namespace
 
 void reprendreSaisie(QWidget &champ)
 {
+    montrerOnglet(champ);
     champ.setFocus(Qt::OtherFocusReason);
     auto *texte = qobject_cast<QLineEdit *>(&champ);
     if (auto *liste = qobject_cast<QComboBox *>(&champ))
@@ -88,25 +100,41 @@ void boutonsParEntree(QWidget &feuille)
         bouton->setAutoDefault(true);
 }
 
-void marquerFermeture(QAbstractButton &bouton) { bouton.setProperty(Fermeture, true); }
+void fermerPar(QAbstractButton &bouton, QWidget &feuille)
+{
+    bouton.setProperty(Fermeture, true);
+    QObject::connect(&bouton, &QAbstractButton::clicked, &feuille, &QWidget::close);
+}
 
 void surSortie(QWidget &champ, DernierRecours &dernierRecours, std::function<void()> action)
 {
-    QObject::connect(
-        qApp, &QApplication::focusChanged, &champ,
-        [&champ, &dernierRecours, action = std::move(action)](QWidget *ancien, QWidget *nouveau) {
-            if (enSortie || !contient(champ, ancien) || !nouveau || contient(champ, nouveau) ||
-                nouveau->property(Fermeture).toBool() || feuilleDe(&champ) != feuilleDe(nouveau))
-                return;
-            const QPointer<QWidget> cible = nouveau;
-            enSortie = true;
-            dernierRecours.agir(action);
-            enSortie = false;
-            if (!cible)
-                return;
-            if (QApplication::focusWidget() != cible)
-                new ClicAvale(cible);
-            else if (auto *bouton = qobject_cast<QAbstractButton *>(cible.data()))
-                releverSansClic(bouton);
-        });
+    const auto sortir = [&champ, &dernierRecours, action = std::move(action)] {
+        if (!feuilleDe(&champ)->isVisible())
+            return; // it is closing, and hands the focus on while it goes
+        enSortie = true;
+        dernierRecours.agir(action);
+        enSortie = false;
+    };
+    QObject::connect(qApp, &QApplication::focusChanged, &champ,
+                     [&champ, sortir](QWidget *ancien, QWidget *nouveau) {
+                         if (enSortie || !contient(champ, ancien) || !nouveau || contient(champ, nouveau) ||
+                             feuilleDe(&champ) != feuilleDe(nouveau))
+                             return;
+                         if (!champ.isVisible()) {
+                             // Its tab goes. Only when the other one is there can a box open and the focus
+                             // stay.
+                             QTimer::singleShot(0, &champ, sortir);
+                             return;
+                         }
+                         if (nouveau->property(Fermeture).toBool())
+                             return;
+                         const QPointer<QWidget> cible = nouveau;
+                         sortir();
+                         if (!cible)
+                             return;
+                         if (QApplication::focusWidget() != cible)
+                             new ClicAvale(cible);
+                         else if (auto *bouton = qobject_cast<QAbstractButton *>(cible.data()))
+                             releverSansClic(bouton);
+                     });
 }

@@ -137,6 +137,33 @@ private slots:
         coller(champ, u"12"_s);
         QCOMPARE(champ.text(), u"01/12/2024"_s);
     }
+
+    /// The click that brings the focus selects all, even of a hand that trembles; the next one places the
+    /// cursor, and a drag selects a part.
+    void clics()
+    {
+        QWidget ecran;
+        auto *autre = new QLineEdit(&ecran);
+        auto *champ = new ChampNombre(&ecran);
+        champ->setText(u"600000"_s);
+        champ->move(0, 50);
+        ecran.show();
+        QVERIFY(QTest::qWaitForWindowActive(&ecran));
+        const int milieu = champ->height() / 2;
+        const auto glisser = [&](int jusqua) {
+            autre->setFocus();
+            QTest::mousePress(champ, Qt::LeftButton, {}, {2, milieu});
+            QTest::mouseMove(champ, {jusqua, milieu});
+            QTest::mouseRelease(champ, Qt::LeftButton, {}, {jusqua, milieu});
+            return champ->selectedText();
+        };
+        QCOMPARE(glisser(4), u"600000"_s);
+        QTest::mouseClick(champ, Qt::LeftButton, {}, {2, milieu});
+        QCOMPARE(champ->selectedText(), QString());
+        QCOMPARE(champ->cursorPosition(), 0);
+        const QString partie = glisser(champ->fontMetrics().horizontalAdvance(u"600"_s) + 4);
+        QVERIFY2(partie.size() > 1 && partie.size() < 6, qPrintable(partie));
+    }
 };
 
 QTEST_MAIN(TestChampMasque)

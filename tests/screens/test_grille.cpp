@@ -324,7 +324,7 @@ private slots:
         auto *disposition = new QVBoxLayout(&ecran);
         for (QWidget *controle : std::initializer_list<QWidget *>{champ, suivant, bouton, fermer})
             disposition->addWidget(controle);
-        marquerFermeture(*fermer);
+        fermerPar(*fermer, ecran);
         QWidget autre;
         new QLineEdit(&autre);
         ecran.show();
@@ -341,7 +341,6 @@ private slots:
                 throw ErreurBase(u"panne"_s);
         });
         QSignalSpy clics(bouton, &QPushButton::clicked);
-        QSignalSpy clicsFermer(fermer, &QPushButton::clicked);
 
         champ->setFocus();
         QTest::keyClick(champ, Qt::Key_Tab);
@@ -364,10 +363,7 @@ private slots:
         QTest::mouseClick(bouton, Qt::LeftButton);
         QCOMPARE(sorties, 4);
         QCOMPARE(clics.size(), 1);
-        // Neither the closing button nor another window.
-        champ->setFocus();
-        QTest::mouseClick(fermer, Qt::LeftButton);
-        QCOMPARE(clicsFermer.size(), 1);
+        // Neither another window nor the closing button.
         champ->setFocus();
         autre.show();
         autre.activateWindow();
@@ -379,7 +375,9 @@ private slots:
         m_dialogue.attendreCritique(u"panne"_s);
         QTest::keyClick(champ, Qt::Key_Tab);
         QCOMPARE(sorties, 5);
-        ecran.close();
+        champ->setFocus();
+        QTest::mouseClick(fermer, Qt::LeftButton);
+        QVERIFY(!ecran.isVisible());
         QCOMPARE(sorties, 5);
     }
 

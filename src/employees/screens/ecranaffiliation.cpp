@@ -5,6 +5,7 @@
 #include "rules/texte.h"
 #include "screens/contexte.h"
 #include "screens/focus.h"
+#include "screens/selectionentree.h"
 #include "storage/base.h"
 #include "ui_ecranaffiliation.h"
 
@@ -116,10 +117,8 @@ void EcranAffiliation::suivreSaisie()
               [this] { mettre(*m_ui->adredit, majuscules(m_ui->adredit->toPlainText())); });
     connect(m_ui->adredit, &QPlainTextEdit::textChanged, this, &EcranAffiliation::limiterAdresse);
 
-    for (const QStringView nom : difference::selectionnesALEntree[m_ecran]) {
-        if (!nom.isEmpty())
-            findChild<QLineEdit *>(nom.toString())->installEventFilter(this);
-    }
+    if (difference::mailSelectionne[m_ecran])
+        selectionnerALEntree(*m_ui->TxtEmail);
     if (m_ecran == Affiliation::Creation)
         recours.connecter(m_ui->CmbCommune, &QComboBox::activated, this, [this] { communeSansWilaya(); });
     else
@@ -128,14 +127,11 @@ void EcranAffiliation::suivreSaisie()
 
 bool EcranAffiliation::eventFilter(QObject *objet, QEvent *evenement)
 {
-    // Once the event is done: a box can't open inside it, and a click would take the selection away again.
-    if (evenement->type() == QEvent::FocusIn && vientDUnAutreControle(*evenement)) {
-        if (objet == m_ui->CmbCommune) {
-            QTimer::singleShot(0, this,
-                               [this] { m_contexte.dernierRecours.agir([this] { communeSansWilaya(); }); });
-        } else {
-            QTimer::singleShot(0, objet, [champ = static_cast<QLineEdit *>(objet)] { champ->selectAll(); });
-        }
+    if (objet == m_ui->CmbCommune && evenement->type() == QEvent::FocusIn &&
+        vientDUnAutreControle(*evenement)) {
+        // Once the event is done: a box can't open inside it.
+        QTimer::singleShot(0, this,
+                           [this] { m_contexte.dernierRecours.agir([this] { communeSansWilaya(); }); });
     }
     return FenetreSaisie::eventFilter(objet, evenement);
 }
@@ -263,7 +259,7 @@ void EcranAffiliation::permettre()
         champ->setEnabled(national);
 }
 
-void EcranAffiliation::commencer() { m_ui->num_salmask->setFocus(); }
+void EcranAffiliation::commencer() { reprendreSaisie(*m_ui->num_salmask); }
 
 void EcranAffiliation::valider()
 {

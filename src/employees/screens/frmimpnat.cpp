@@ -20,7 +20,7 @@ FrmImpNat::FrmImpNat(Contexte &contexte) : m_contexte(contexte), m_ui(std::make_
     m_ui->CmdImport->setFocus(); // and not the file's name, which can be copied
     DernierRecours &recours = m_contexte.dernierRecours;
     recours.connecter(m_ui->CmdImport, &QPushButton::clicked, this, [this] { importer(); });
-    recours.connecter(m_ui->Command1, &QPushButton::clicked, this, [this] { close(); });
+    fermerPar(*m_ui->Command1, *this);
 }
 
 FrmImpNat::~FrmImpNat() = default;

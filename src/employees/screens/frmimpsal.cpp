@@ -21,10 +21,15 @@ FrmImpSal::~FrmImpSal() = default;
 
 void FrmImpSal::importer()
 {
-    const auto compter = [this](const ImportSalaries &resultat) {
-        m_ui->LabSalAdd->setText(u"Salariés Ajoutés : %1"_s.arg(resultat.ajoutes));
-        m_ui->LabSalIgn->setText(u"Salariés Ignorés : %1"_s.arg(resultat.ignores));
-        m_ui->LabTot->setText(u"Total : %1"_s.arg(resultat.ajoutes + resultat.ignores));
+    const auto montrer = [this](const QString &ajoutes, const QString &ignores, const QString &total) {
+        m_ui->LabSalAdd->setText(u"Salariés Ajoutés :"_s + ajoutes);
+        m_ui->LabSalIgn->setText(u"Salariés Ignorés :"_s + ignores);
+        m_ui->LabTot->setText(u"Total :"_s + total);
+    };
+    montrer({}, {}, {}); // the counts were those of the file before
+    const auto compter = [&](const ImportSalaries &resultat) {
+        montrer(u" %1"_s.arg(resultat.ajoutes), u" %1"_s.arg(resultat.ignores),
+                u" %1"_s.arg(resultat.ajoutes + resultat.ignores));
     };
     executer([&](const Avancement &avancer) {
         const ImportSalaries resultat =

@@ -43,7 +43,11 @@ frmsalarie::frmsalarie(Contexte &contexte)
         montrerCourant();
     };
     recours.connecter(&m_salaries, &QAbstractItemModel::dataChanged, this, relire);
-    connect(&m_salaries, &QAbstractItemModel::modelReset, this, [this] { m_numeroMontre.reset(); });
+    // The employee from whom the others of his number had it may be among those that came or went.
+    const auto oublier = [this] { m_numeroMontre.reset(); };
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&m_salaries, signal, this, oublier);
+    connect(&m_salaries, &QAbstractItemModel::modelReset, this, oublier);
     montrerCourant();
 }
 

@@ -50,7 +50,6 @@ void add_emp::creer()
     mettreDevant(*parentWidget());
     // The key "99" is that of no number.
     m_champs.ecrire({m_ui->num_empmask->vide(), u"99"_s, {}, {}, {}, {}});
-    m_ui->num_empmask->setFocus();
-    m_ui->num_empmask->setCursorPosition(0);
+    m_champs.reprendre(ChampEmployeur::num_empmask);
     m_contexte.dialogue.informer(u"Employeur ajouté avec succès!"_s);
 }

@@ -3,6 +3,7 @@
 #include "reference/campagnes.h"
 #include "screens/contexte.h"
 #include "screens/focus.h"
+#include "screens/selectionentree.h"
 #include "storage/base.h"
 #include "ui_frmannee.h"
 
@@ -19,6 +20,7 @@ frmannee::frmannee(Contexte &contexte)
     // A year that is typed is not to become the one offered that begins alike.
     m_ui->cmbannee->setCompleter(nullptr);
     m_ui->cmbannee->addItems(anneesProposees());
+    selectionnerALEntree(*m_ui->cmbannee->lineEdit());
     connect(m_ui->cmbannee->lineEdit(), &QLineEdit::returnPressed, m_ui->cmb_add, &QPushButton::click);
     surClic(m_ui->cmb_add, [this] { ajouter(); });
     reprendreSaisie(*m_ui->cmbannee);

@@ -31,12 +31,12 @@ FrmGenCle::FrmGenCle(Contexte &contexte) : m_contexte(contexte), m_ui(std::make_
     m_ui->wCptRIPRIB->setMinimumWidth((ChiffresCompte + 3) * chiffre);
     m_ui->LabSS->setMinimumWidth(LargeurCle * chiffre);
 
-    for (QLineEdit *champ : {m_ui->TxtSS, m_ui->TxtCCP, static_cast<QLineEdit *>(m_ui->wCptRIPRIB)})
+    for (ChampNombre *champ : {m_ui->TxtSS, m_ui->TxtCCP, static_cast<ChampNombre *>(m_ui->wCptRIPRIB)})
         connect(champ, &QLineEdit::returnPressed, m_ui->CmdGen, &QPushButton::click);
     DernierRecours &recours = m_contexte.dernierRecours;
     recours.connecter(m_ui->CmdGen, &QPushButton::clicked, this, [this] { generer(); });
     recours.connecter(m_ui->CmdInit, &QPushButton::clicked, this, [this] { reinitialiser(); });
-    recours.connecter(m_ui->CmdClose, &QPushButton::clicked, this, [this] { close(); });
+    fermerPar(*m_ui->CmdClose, *this);
 }
 
 FrmGenCle::~FrmGenCle() = default;
@@ -54,7 +54,7 @@ void FrmGenCle::generer()
 /// The verdict on the account stays, which is meant.
 void FrmGenCle::reinitialiser()
 {
-    for (QLineEdit *champ : {m_ui->TxtSS, m_ui->TxtCCP})
+    for (ChampNombre *champ : {m_ui->TxtSS, m_ui->TxtCCP})
         champ->clear();
     for (QLabel *cle : {m_ui->LabCCP, m_ui->LabSS})
         cle->clear();

@@ -7,8 +7,7 @@
 #include "ui_frmdasvalide.h"
 #include "validators/validateurdas.h"
 
-#include <QEvent>
-#include <QTimer>
+using namespace Qt::StringLiterals;
 
 FrmDasValide::FrmDasValide(Contexte &contexte)
     : FrmValidateur(contexte, std::make_unique<ValidateurDas>()), m_ui(std::make_unique<Ui::FrmDasValide>())
@@ -18,32 +17,31 @@ FrmDasValide::FrmDasValide(Contexte &contexte)
     for (std::size_t i = 0; i < m_boites.size(); ++i) {
         QLineEdit *boite = findChild<QLineEdit *>(SaisieDacs::Boites[i].toString());
         m_boites[i] = boite;
-        boite->installEventFilter(this);
         surSortie(*boite, contexte.dernierRecours, [this, boite] { quitter(*boite); });
         connect(boite, &QLineEdit::returnPressed, this, [this] { focusNextChild(); });
     }
+    remettreTitres();
     contexte.dernierRecours.connecter(m_ui->CmdVerifier, &QPushButton::clicked, this,
                                       &FrmDasValide::verifier);
 }
 
 FrmDasValide::~FrmDasValide() = default;
 
-/// The amounts keyed and the verdict on them were those of the file before.
+/// The amounts keyed, their years and the verdict on them were those of the file before.
 void FrmDasValide::avantExtraction()
 {
     ViderDacs();
+    remettreTitres();
     m_ui->LabDAS3->clear();
 }
 
-bool FrmDasValide::eventFilter(QObject *objet, QEvent *evenement)
+/// Month or quarter alone, until a file gives the year.
+void FrmDasValide::remettreTitres()
 {
-    // However an amount gets the focus, the next key replaces it. A click places the cursor behind this
-    // event.
-    if (evenement->type() == QEvent::FocusIn) {
-        if (auto *boite = qobject_cast<QLineEdit *>(objet))
-            QTimer::singleShot(0, boite, &QLineEdit::selectAll);
+    for (const QLineEdit *boite : m_boites) {
+        const QString periode = boite->objectName().sliced(3);
+        findChild<QLabel *>(u"Lab"_s + periode)->setText(periode);
     }
-    return FrmValidateur::eventFilter(objet, evenement);
 }
 
 SaisieDacs FrmDasValide::saisie() const

@@ -20,7 +20,6 @@ public:
 
 protected:
     void avantExtraction() override;
-    bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:
     SaisieDacs saisie() const;
@@ -28,6 +27,7 @@ private:
     void ViderDacs();
     void quitter(QLineEdit &boite);
     void verifier();
+    void remettreTitres();
 
     std::array<QLineEdit *, SaisieDacs::Nombre> m_boites{};
     std::unique_ptr<Ui::FrmDasValide> m_ui;

@@ -90,7 +90,7 @@ void FrmValidateur::relier()
     surClic(u"CmdExtFichier"_s, [this] { extraire(); });
     surClic(u"CmdImprimer"_s, [this] { imprimer(m_validateur->rejets); });
     surClic(u"CmdImprimerOK"_s, [this] { imprimer(m_validateur->sansIncidence); });
-    surClic(u"cmdexit"_s, [this] { close(); });
+    fermerPar(*findChild<QPushButton *>(u"cmdexit"_s), *this);
 }
 
 void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)

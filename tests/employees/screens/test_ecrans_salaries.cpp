@@ -285,6 +285,7 @@ private slots:
         m_dialogue.attendreQuestion(u"Confirmer la Suppression?"_s, true, u"Confirmation"_s);
         touche(Qt::Key_Delete);
         QCOMPARE(cadre->title(), u"Liste Salariés  :  2   Sur 2"_s);
+        QCOMPARE(champ<QLabel>(*ecran, u"Lab13"_s)->text(), u"Algérie"_s); // the first one is gone
         champ<QLineEdit>(*ecran, u"cherchedit"_s)->setText(u"dup"_s);
         cliquer(*ecran, u"Cmdchr"_s);
         QCOMPARE(salaries().nombre(), 1);
@@ -362,7 +363,7 @@ private slots:
         m_dialogue.attendreAvertissement(u"Fichier incorrect! Importation échouée!!"_s);
         cliquer(*ecran, u"CmdImport"_s);
         QVERIFY(champ(*ecran, u"CmdImport"_s)->isEnabled() && !champ(*ecran, u"ProgressBar1"_s)->isVisible());
-        QCOMPARE(champ<QLabel>(*ecran, u"LabTot"_s)->text(), u"Total : 2"_s);
+        QCOMPARE(champ<QLabel>(*ecran, u"LabTot"_s)->text(), u"Total :"_s);
         cliquer(*ecran, u"Command1"_s);
         QVERIFY(!ecran->isVisible());
     }

@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -124,6 +125,14 @@ private slots:
         QVERIFY(trouver<QLineEdit>(u"Txt08"_s)->hasFocus());
         QCOMPARE(trouver<QLineEdit>(u"Txt08"_s)->text(), QString());
 
+        // Left by a click on another tab, the refused box is back in front of the clerk.
+        m_dialogue.attendreAvertissement(u"Veuillez Saisir un Montant Correct S.V.P!!!"_s, u"DAS"_s);
+        QTest::keyClicks(trouver<QLineEdit>(u"Txt08"_s), u"-1"_s);
+        auto *onglets = trouver<QTabWidget>(u"SSTab1"_s);
+        QTest::mouseClick(onglets->tabBar(), Qt::LeftButton, {}, onglets->tabBar()->tabRect(0).center());
+        QTRY_VERIFY(trouver<QLineEdit>(u"Txt08"_s)->hasFocus());
+        QCOMPARE(onglets->currentIndex(), 2);
+
         m_dialogue.attendreAvertissement(u"Montant DAS Annuelle Supérieur du Total DACs"_s, u"DAS"_s);
         QTest::mouseClick(trouver<QPushButton>(u"CmdVerifier"_s), Qt::LeftButton);
         QCOMPARE(texte(u"LabDAS3"_s), u"Montant DAS Annuelle Supérieur au Total DACs\nDe :  0.1"_s);
@@ -136,6 +145,10 @@ private slots:
         QVERIFY(m_dialogue.acheve());
 
         extraire(chemin, 0, 0);
+        m_dialogue.attendreFichier({});
+        m_dialogue.attendreBoite(u"Aucun fichier n'a été sélectionné !!!"_s, u"DAS INFO"_s);
+        QTest::mouseClick(trouver<QPushButton>(u"CmdExtFichier"_s), Qt::LeftButton);
+        QCOMPARE(texte(u"LabT3"_s) + u' ' + texte(u"Lab01"_s), u"T3 01"_s);
         QCOMPARE(premiere->text() + trimestre->text() + texte(u"LabSommeDAC"_s) + texte(u"LabDAS3"_s),
                  QString());
     }

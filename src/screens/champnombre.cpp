@@ -1,0 +1,5 @@
+#include "screens/champnombre.h"
+
+#include "screens/selectionentree.h"
+
+ChampNombre::ChampNombre(QWidget *parent) : QLineEdit(parent) { selectionnerALEntree(*this); }

@@ -1,0 +1,267 @@
+#include "rules/calendrier.h"
+#include "rules/dialogue.h"
+#include "screens/champmasque.h"
+#include "screens/dernierrecours.h"
+#include "screens/etatsfenetres.h"
+#include "shell/entreesdemenu.h"
+#include "shell/mdiform.h"
+#include "tests/commun/gestes.h"
+#include "tests/das/basedas.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QSet>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Agrees to everything, and counts.
+class DialogueComplaisant : public Dialogue
+{
+public:
+    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
+    int boites = 0;
+
+protected:
+    bool montrer(const Boite &) override
+    {
+        ++boites;
+        return true;
+    }
+};
+
+/// The way to every window: a menu entry, then the buttons that lead to it.
+const QStringList chemins{
+    u"wannee"_s,
+    u"wPeriode"_s,
+    u"wImp"_s,
+    u"wImp ajouterBtn"_s,
+    u"wImp Command1"_s,
+    u"wbnq"_s,
+    u"wbnq ajouterBtn"_s,
+    u"wbnq Command1"_s,
+    u"wsal"_s,
+    u"wsal cmdajt"_s,
+    u"wsal cmdmodif"_s,
+    u"wImpFichSal"_s,
+    u"wImpTabNat"_s,
+    u"wImpDas"_s,
+    u"wdas"_s,
+    u"wdas cmdmod"_s,
+    u"wdas cmddetail"_s,
+    u"wdas cmddetail cmdajt"_s,
+    u"wdas cmddetail cmdajt cmdins"_s,
+    u"wdas cmddetail cmdmod"_s,
+    u"wvalidate"_s,
+    u"wGen"_s,
+};
+
+/// The fields of one line that hold words; every other one is a number's.
+const QSet<QString> champsDeTexte{
+    u"nomedit"_s,     u"prenomedit"_s,   u"lieu_naissedit"_s, u"PrenomPere"_s,
+    u"NomMere"_s,     u"PrenomMere"_s,   u"profesedit"_s,     u"villeEdit"_s,
+    u"TxtEmail"_s,    u"Rais_SocEdit"_s, u"AdresseEdit"_s,    u"mailEdit"_s,
+    u"AbreviatBnq"_s, u"LibelleBnq"_s,   u"cherchedit"_s,     u"qt_spinbox_lineedit"_s,
+};
+
+} // namespace
+
+/// What holds for every window of the program, opened from its menu over tables that all have a row.
+class TestFenetres : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<BaseDas> m_donnees;
+    DialogueComplaisant m_dialogue;
+    DernierRecours m_recours{m_dialogue, [this] { m_donnees->base.Cnx.annulerTransaction(); }};
+    BornesDePeriode m_bornes;
+    std::unique_ptr<MDIForm> m_principale;
+
+    using Action = std::function<void(QWidget &)>;
+
+    /// Opens a window from the menu. @return its screen
+    QWidget &ouvrir(const QString &entree)
+    {
+        auto *action = m_principale->findChild<QAction *>(entree);
+        action->setEnabled(true);
+        action->trigger();
+        return *m_principale->findChild<QMdiArea *>()->activeSubWindow()->widget();
+    }
+
+    /// Goes on through the buttons, and acts in the window behind the last one.
+    static void suivre(QWidget &fenetre, QStringList boutons, const Action &action)
+    {
+        if (boutons.isEmpty())
+            return action(fenetre);
+        bool arrive = false;
+        const auto passer = [&](QWidget &suivante) {
+            arrive = true;
+            suivante.activateWindow();
+            QVERIFY(QTest::qWaitFor([&] { return QApplication::activeWindow() == &suivante; }));
+            suivre(suivante, boutons, action);
+            suivante.close();
+        };
+        const QString bouton = boutons.takeFirst();
+        QTimer modale;
+        connect(&modale, &QTimer::timeout, &modale, [&] {
+            QWidget *ouverte = QApplication::activeModalWidget();
+            if (!ouverte || ouverte == &fenetre)
+                return;
+            modale.stop();
+            passer(*ouverte);
+        });
+        modale.start(0);
+        cliquer(fenetre, bouton);
+        modale.stop();
+        if (!arrive) {
+            const auto fenetres = QApplication::topLevelWidgets();
+            const auto ouverte = std::find_if(fenetres.begin(), fenetres.end(), [&](QWidget *une) {
+                return une->isVisible() && une->parentWidget() == &fenetre;
+            });
+            QVERIFY(ouverte != fenetres.end());
+            passer(**ouverte);
+        }
+    }
+
+    void parcourir(const QString &chemin, const Action &action)
+    {
+        QStringList boutons = chemin.split(u' ');
+        QWidget &feuille = ouvrir(boutons.takeFirst());
+        bool fait = false;
+        suivre(feuille, boutons, [&](QWidget &fenetre) {
+            fait = true;
+            action(fenetre);
+        });
+        QVERIFY(fait);
+    }
+
+private slots:
+    void init()
+    {
+        reglages().clear();
+        m_donnees = std::make_unique<BaseDas>();
+        Base &base = m_donnees->base;
+        base.RsBanque.ouvrir();
+        base.RsPeriode.ouvrir();
+        base.RsBanque.ajouter({{u"Code"_s, u"003"}, {u"Abreviat"_s, u"BNA"}, {u"Libelle"_s, u"Banque"}});
+        m_donnees->ajouter(BaseDas::numero(1), 1);
+        m_donnees->entete(1, Currency::deEntier(600000), 1);
+        m_donnees->ligne(BaseDas::numero(1));
+        m_principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, entreesDeMenu());
+        m_principale->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_principale.get()));
+        m_dialogue.boites = 0;
+    }
+
+    void cleanup() { m_principale.reset(); }
+
+    void cheminsComplets()
+    {
+        for (const EntreeDeMenu &ligne : entreesDeMenu()) {
+            const QString entree = QString::fromUtf16(ligne.nom);
+            QCOMPARE(!!ligne.fabrique, chemins.contains(entree));
+        }
+    }
+
+    void nombresRemplaces_data()
+    {
+        QTest::addColumn<QString>("chemin");
+        for (const QString &chemin : chemins)
+            QTest::newRow(qPrintable(chemin)) << chemin;
+    }
+
+    /// A number that stands in a field is replaced by what is typed, whichever way the focus came.
+    void nombresRemplaces()
+    {
+        QFETCH(QString, chemin);
+        parcourir(chemin, [](QWidget &fenetre) {
+            const auto champs = fenetre.findChildren<QLineEdit *>();
+            for (QLineEdit *champ : champs) {
+                if (champ->isReadOnly() || champsDeTexte.contains(champ->objectName()))
+                    continue;
+                const auto *masque = qobject_cast<ChampMasque *>(champ);
+                QString avant = masque ? masque->vide() : u"600000"_s;
+                if (masque)
+                    avant.replace(masque->invite(), u"6"_s);
+                const QString apres = masque ? u'7' + masque->vide().sliced(1) : u"7"_s;
+
+                for (QWidget *autour = champ; autour != &fenetre; autour = autour->parentWidget()) {
+                    autour->setEnabled(true);
+                    if (auto *onglets = qobject_cast<QTabWidget *>(autour->parentWidget()->parentWidget()))
+                        onglets->setCurrentWidget(autour);
+                }
+                for (const bool parClic : {true, false}) {
+                    if (QWidget *focus = QApplication::focusWidget())
+                        focus->clearFocus(); // no field is left for another one, and nothing is told
+                    champ->setText(avant);
+                    if (parClic)
+                        QTest::mouseClick(champ, Qt::LeftButton, {},
+                                          {champ->width() / 2, champ->height() / 2});
+                    else
+                        champ->setFocus();
+                    QTest::keyClick(champ, Qt::Key_7);
+                    QVERIFY2(champ->text() == apres,
+                             qPrintable(champ->objectName() + u": "_s + champ->text()));
+                }
+            }
+        });
+    }
+
+    void fermetures_data()
+    {
+        QTest::addColumn<QString>("entree");
+        QTest::addColumn<QString>("champ");
+        QTest::addColumn<QString>("saisie");
+        QTest::addColumn<QString>("bouton");
+        for (const auto &[entree, champ, saisie, bouton] :
+             {std::tuple{u"wdas"_s, u"sumedit"_s, u"12x"_s, u"Command1"_s},
+              {u"wvalidate"_s, u"Txt07"_s, u"-1"_s, u"cmdexit"_s}}) {
+            for (const QString &par : {bouton, u"cadre"_s, u"systeme"_s, u"programme"_s, u"menu"_s})
+                QTest::addRow("%s %s", qPrintable(entree), qPrintable(par))
+                    << entree << champ << saisie << par;
+        }
+    }
+
+    /// A window closes at once with a bad amount in the field that has the focus, and nothing is told.
+    void fermetures()
+    {
+        QFETCH(QString, entree);
+        QFETCH(QString, champ);
+        QFETCH(QString, saisie);
+        QFETCH(QString, bouton);
+        ouvrir(u"wannee"_s);
+        QPointer<QWidget> feuille = &ouvrir(entree);
+        if (auto *onglets = feuille->findChild<QTabWidget *>()) {
+            onglets->setEnabled(true);
+            onglets->setCurrentIndex(2);
+        }
+        auto *saisi = ::champ<QLineEdit>(*feuille, champ);
+        QTest::mouseClick(saisi, Qt::LeftButton);
+        taper(saisie);
+        QCOMPARE(focus(), champ);
+        auto *cadre = m_principale->findChild<QMdiArea *>()->activeSubWindow();
+        if (bouton == u"cadre"_s)
+            cadre->close();
+        else if (bouton == u"systeme"_s)
+            QTest::keyClick(cadre, Qt::Key_F4, Qt::ControlModifier);
+        else if (bouton == u"programme"_s)
+            m_principale->close();
+        else if (bouton == u"menu"_s)
+            m_principale->findChild<QAction *>(u"wquit"_s)->trigger();
+        else
+            cliquer(*feuille, bouton);
+        QTRY_VERIFY(!feuille);
+        QCOMPARE(m_dialogue.boites, 0);
+    }
+};
+
+QTEST_MAIN(TestFenetres)
+#include "test_fenetres.moc"
