@@ -2,10 +2,12 @@
 
 #include "rules/dialogue.h"
 #include "rules/erreurs.h"
+#include "storage/disque.h"
 #include "storage/lieux.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -17,20 +19,33 @@ namespace {
         u"Le fichier « %1 » ne peut pas être écrit.\n%2"_s.arg(QDir::toNativeSeparators(chemin), cause));
 }
 
+/// A name that stays in its folder, on any system: what is told of a declaration may come from a file.
+QString nomDeFichier(QString nom)
+{
+    for (QChar &c : nom) {
+        if (c < u' ' || c == u'\x7F' || QStringView(u"/\\:*?\"<>|").contains(c))
+            c = u'_';
+    }
+    return nom;
+}
+
 /// Opens the file in place of what is there and writes it.
 void ecrireFichier(const QString &chemin, const ExportDeclaration &declaration)
 {
     QFile fichier(chemin);
-    if (!fichier.open(QIODevice::WriteOnly))
+    if (!creerPrive(fichier))
         echouer(chemin, fichier.errorString());
     declaration.ecrire(fichier);
-    if (!fichier.flush())
-        echouer(chemin, fichier.errorString());
+    std::error_code erreur = mettreSurDisque(fichier);
+    if (!erreur)
+        erreur = mettreNomsSurDisque(QFileInfo(chemin).absolutePath());
+    if (erreur)
+        echouer(chemin, causeSysteme(erreur));
 }
 
 QString ecrireAuDossierFixe(const ExportDeclaration &declaration)
 {
-    const QString chemin = dossierExpor() + u'/' + declaration.nomFige;
+    const QString chemin = dossierExpor() + u'/' + nomDeFichier(declaration.nomFige);
     try {
         ecrireFichier(chemin, declaration);
     } catch (const Erreur &erreur) {
@@ -43,8 +58,9 @@ QString ecrireAuDossierFixe(const ExportDeclaration &declaration)
 
 QString ecrireOuLeCommisVeut(const ExportDeclaration &declaration, Dialogue &dialogue)
 {
-    const QString chemin = dialogue.choisirDestination(declaration.titre, declaration.nomPropose,
-                                                       u"Fichiers texte (*.txt);;Tous les fichiers (*)"_s);
+    const QString chemin =
+        dialogue.choisirDestination(declaration.titre, nomDeFichier(declaration.nomPropose),
+                                    u"Fichiers texte (*.txt);;Tous les fichiers (*)"_s);
     const QString sansFichier = u"Nom de fichier incorrect"_s;
     if (!chemin.isEmpty())
         ecrireFichier(chemin, declaration);

@@ -69,7 +69,9 @@ bool chargerReference(Connexion &cnx, Recordset &table, const FichierReference &
     try {
         table.ouvrir();
         Transaction transaction(cnx);
-        stockerLignes(cnx, table.table(), lecteur, premiere, forme);
+        // Another start may have filled it meanwhile.
+        if (!cnx.existe(u"SELECT 1 FROM [%1]"_s.arg(table.table())))
+            stockerLignes(cnx, table.table(), lecteur, premiere, forme);
         transaction.commit();
         table.requery();
     } catch (const Erreur &) {

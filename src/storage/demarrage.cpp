@@ -3,6 +3,7 @@
 #include "rules/dialogue.h"
 #include "storage/base.h"
 #include "storage/chargement.h"
+#include "storage/disque.h"
 #include "storage/installation.h"
 #include "storage/lieux.h"
 #include "storage/schema.h"
@@ -51,6 +52,17 @@ bool elargirSalarie(Base &base)
     return true;
 }
 
+void creer(Base &base, const Table &table)
+{
+    try {
+        base.CmdSql.definir(table.creation());
+        for (const QString &ordre : table.creationIndex())
+            base.CmdSql.definir(ordre);
+    } catch (const ErreurBase &erreur) {
+        throw ErreurBase(u"La table « %1 » n'a pas pu être créée.\n%2"_s.arg(table.nom, erreur.texte()));
+    }
+}
+
 /// Creates the tables of the group. A kill leaves all of them or none; but when one can't be created, those
 /// before it stay, and the next start goes on from there.
 /// @param cause why the opening failed: what the clerk must know when the creation fails too
@@ -60,10 +72,7 @@ void creer(Base &base, const Groupe &groupe, const ErreurBase &cause)
         Transaction transaction(base.Cnx);
         try {
             for (const QString &nom : groupe.tables) {
-                const Table &table = tableDuSchema(nom);
-                base.CmdSql.definir(table.creation());
-                for (const QString &ordre : table.creationIndex())
-                    base.CmdSql.definir(ordre);
+                creer(base, tableDuSchema(nom));
             }
         } catch (const ErreurBase &) {
             try {
@@ -118,6 +127,7 @@ void completerIndex(Connexion &cnx)
 Demarrage demarrer(Base &base, Dialogue &dialogue)
 {
     installerSiAbsente();
+    fermerAuxAutres(dossierDas());
     base.OuvrirBase(cheminBase());
 
     ouvrirLivree(base.RsSalarie);

@@ -128,6 +128,8 @@ QString mots(int code, const QString &texteMoteur, const QString &chemin, const 
     }
     if (texteMoteur.startsWith(u"no such table: "))
         return u"La table « %1 » n'existe pas."_s.arg(precision);
+    if (texteMoteur.startsWith(u"table [") && texteMoteur.endsWith(u"] already exists"))
+        return u"La table « %1 » existe déjà."_s.arg(texteMoteur.section(u'[', 1).section(u']', 0, 0));
     if (texteMoteur.startsWith(u"no such column: "))
         return u"La colonne « %1 » n'existe pas."_s.arg(precision);
     return u"La base de données a refusé l'opération."_s;

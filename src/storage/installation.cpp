@@ -1,13 +1,14 @@
 #include "storage/installation.h"
 
 #include "storage/connexion.h"
+#include "storage/disque.h"
 #include "storage/lieux.h"
 #include "storage/schema.h"
+#include "storage/verrou.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +23,16 @@ namespace {
     throw ErreurFatale(u"« %1 » n'a pas pu être créé.\n(%2)"_s.arg(QDir::toNativeSeparators(chemin), cause));
 }
 
+void exiger(const QString &chemin, std::error_code erreur)
+{
+    if (erreur)
+        echouer(chemin, causeSysteme(erreur));
+}
+
 void creerDossier(const QString &chemin)
 {
-    if (!QDir().mkpath(chemin))
-        echouer(chemin, u"dossier refusé"_s);
+    exiger(chemin, creerDossierPrive(chemin));
+    exiger(chemin, mettreNomsSurDisque(QFileInfo(chemin).absolutePath()));
 }
 
 /// The file under its name of work, until it is complete.
@@ -36,6 +43,7 @@ void mettreEnPlace(const QString &chemin)
     QFile fichier(enTravail(chemin));
     if (!fichier.rename(chemin)) // never replaces a file
         echouer(chemin, fichier.errorString());
+    exiger(chemin, mettreNomsSurDisque(QFileInfo(chemin).absolutePath()));
 }
 
 void poserReference(const QString &chemin)
@@ -47,9 +55,9 @@ void poserReference(const QString &chemin)
     if (!modele.open(QIODevice::ReadOnly))
         echouer(chemin, modele.errorString());
     const QByteArray octets = modele.readAll();
-    if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate) || fichier.write(octets) != octets.size() ||
-        !fichier.flush())
+    if (!creerPrive(fichier) || fichier.write(octets) != octets.size())
         echouer(chemin, fichier.errorString());
+    exiger(chemin, mettreSurDisque(fichier));
     fichier.close();
     mettreEnPlace(chemin);
 }
@@ -73,10 +81,14 @@ void ecarterJournaux(const QString &base)
 void poserBase(const QString &chemin)
 {
     const QString travail = enTravail(chemin);
-    for (const QString &reste : {travail, QString(travail + u"-journal")}) {
+    for (const QStringView suite : {u"", u"-journal"}) {
+        const QString reste = travail + suite;
         if (QFileInfo::exists(reste) && !QFile::remove(reste))
             echouer(reste, u"un reste d'une installation interrompue ne peut pas être supprimé"_s);
     }
+    // The engine keeps the rights of the file that it finds, for its journals too.
+    if (QFile vide(travail); !creerPrive(vide))
+        echouer(chemin, vide.errorString());
     try {
         Connexion cnx;
         cnx.ouvrir(travail);
@@ -103,12 +115,16 @@ void installerSiAbsente()
         return;
     initialiserRessources();
     const QString dossier = QFileInfo(base).absolutePath();
+    creerDossier(dossierDas());
     creerDossier(dossier);
 
-    // Two programs may be started at once on a fresh machine. The lock of one that was killed is void.
-    QLockFile verrou(dossier + u"/installation.verrou");
-    if (!verrou.tryLock(30000))
-        echouer(base, u"un autre programme est en train de l'installer"_s);
+    // Several programs may be started at once on a fresh machine.
+    Verrou verrou(dossier + u"/installation.verrou"_s);
+    if (const std::error_code erreur = verrou.prendre(30'000)) {
+        if (erreur == std::errc::timed_out)
+            echouer(base, u"Un autre programme est en train de l'installer."_s);
+        exiger(dossier + u"/installation.verrou"_s, erreur);
+    }
     if (QFileInfo::exists(base))
         return;
     for (const QString &chemin : {cheminBanques(), cheminCommunes(), cheminWilayas(), cheminCountry()})

@@ -5,6 +5,7 @@
 #include "tests/commun/dialoguescenario.h"
 #include "tests/das/basedas.h"
 #include "tests/storage/foyer.h"
+#include "tests/storage/surdisque.h"
 #include "validators/validateurdas.h"
 
 #include <QDir>
@@ -305,6 +306,9 @@ private slots:
             attendre(dialogue, chemin);
             QVERIFY(exporterDas(essai.base, fige, dialogue));
             QCOMPARE(lireFichier(chemin), attendu);
+            QVERIFY(!(QFile::permissions(chemin) & (QFile::ReadGroup | QFile::ReadOther)));
+            QVERIFY(misSurDisque().contains(chemin));
+            QVERIFY(misSurDisque().contains(QFileInfo(chemin).absolutePath()));
         }
         QCOMPARE(essai.base.RsLigneDas.nombre(), 3);
 
@@ -385,6 +389,34 @@ private slots:
         DialogueScenario dialogue;
         dialogue.attendreDestination(nomPropose, u"/dev/full"_s);
         dialogue.attendreCritique(echecExport);
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
+
+        // A disk that takes the words and can't keep them.
+        const Foyer foyer;
+        dialogue.attendreDestination(nomPropose, foyer.chemin() + u"/das.txt"_s);
+        dialogue.attendreCritique(echecExport);
+        refuserLeDisque(EIO);
+        QVERIFY(!exporterDas(essai.base, false, dialogue));
+        refuserLeDisque(0);
+    }
+
+    /// An imported number may hold anything.
+    void nomQuiResteDansLeDossier()
+    {
+        const Foyer foyer;
+        QVERIFY(QDir().mkpath(dossierExpor()));
+        BaseDas essai;
+        essai.entete();
+        essai.base.Cnx.executer(u"UPDATE entete_das SET num_emp = '../..\\a:'"_s);
+        essai.accorder();
+        const QString nom = u".._.._a__DAS_2024.txt"_s;
+        const QString fige = dossierExpor() + u'/' + nom;
+        DialogueScenario dialogue;
+        dialogue.attendreInformation(u"DAS exportée avec succès vers "_s + QDir::toNativeSeparators(fige));
+        QVERIFY(exporterDas(essai.base, true, dialogue));
+        QVERIFY(QFile::exists(fige));
+        dialogue.attendreDestination(nom, {});
+        dialogue.attendreBoite(u"Nom de fichier incorrect"_s);
         QVERIFY(!exporterDas(essai.base, false, dialogue));
     }
 
