@@ -15,7 +15,8 @@ namespace {
 
 using Issue = std::optional<Refus>;
 
-const Refus sansFocus;
+constexpr QStringView sansFocus;
+const Refus pasDAccord;
 
 QString numeroComplet(const FicheSalarie &fiche) { return Trim(fiche.num_salmask) + fiche.clemask; }
 
@@ -32,13 +33,13 @@ qint64 cptSuivant(Connexion &cnx)
     return haut.entier(u"maxcpt", 0) + 1;
 }
 
-void direSansNumeroPermis(Affiliation ecran, const FicheSalarie &fiche, Dialogue &dialogue)
+void direSansNumeroPermis(Forme ecran, const FicheSalarie &fiche, Dialogue &dialogue)
 {
     if (fiche.sansNumero())
         dialogue.informer(difference::sansNumeroPermis[ecran].toString());
 }
 
-void completerSituation(Affiliation ecran, FicheSalarie &fiche)
+void completerSituation(Forme ecran, FicheSalarie &fiche)
 {
     const QString sf = fiche.sfedit.toLower();
     const bool autre = sf != u"c" && sf != u"m";
@@ -51,7 +52,7 @@ void completerSituation(Affiliation ecran, FicheSalarie &fiche)
 class Comptes
 {
 public:
-    Comptes(Affiliation ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
+    Comptes(Forme ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
             const SuiviAffiliation &suivi)
         : m_ecran(ecran), m_fiche(fiche), m_banc(fiche.num_cpt_bancedit), m_ccp(fiche.num_cpt_ccpedit),
           m_cnx(cnx), m_dialogue(dialogue), m_suivi(suivi)
@@ -73,10 +74,9 @@ public:
     }
 
 private:
-    Refus refuser(QStringView texte, Refus refus)
+    Refus arreter(QStringView controle, QStringView texte)
     {
-        m_dialogue.avertir(texte.toString());
-        return refus;
+        return refuser(m_dialogue, controle, texte.toString());
     }
 
     void reecrire(QString &champ, const QString &valeur)
@@ -95,21 +95,21 @@ private:
         }
         if (m_dialogue.demander(difference::sansCompte[m_ecran].toString()))
             return {};
-        return sansFocus;
+        return pasDAccord;
     }
 
     Issue bancaire()
     {
-        const Refus surBancaire{u"num_cpt_bancedit", {}};
+        constexpr QStringView surBancaire = controlesSalarie[u"num_cpt_bancedit"];
         if (m_banc.contains(u'_'))
-            return refuser(difference::compteIncomplet[m_ecran], surBancaire);
+            return arreter(surBancaire, difference::compteIncomplet[m_ecran]);
         if (m_banc == CompteBlanc)
             return {};
         if (CleRIB(QStringView(m_banc).mid(3)) != u"0")
-            return refuser(difference::compteErrone[m_ecran], surBancaire);
+            return arreter(surBancaire, difference::compteErrone[m_ecran]);
         if (m_banc.startsWith(u"007")) {
-            return refuser(u"Il s'agit d'un compte RIP CCP, veuillez le saisir dans la bonne case SVP",
-                           surBancaire);
+            return arreter(surBancaire,
+                           u"Il s'agit d'un compte RIP CCP, veuillez le saisir dans la bonne case SVP");
         }
         return {};
     }
@@ -134,34 +134,34 @@ private:
 
     Issue ccp()
     {
-        const Refus surCcp{u"num_cpt_ccpedit", {}};
+        constexpr QStringView surCcp = controlesSalarie[u"num_cpt_ccpedit"];
         const QStringView compte = Trim(m_ccp);
         if (compte.isEmpty())
             return {};
         if (!EstNumerique(compte) || compte.size() < 5 || compte.size() > 20)
-            return refuser(u"Numéro de compte CCP incorrect !\nVerifiez le numéro ccp!", surCcp);
+            return arreter(surCcp, u"Numéro de compte CCP incorrect !\nVerifiez le numéro ccp!");
         if (compte.size() == 20) {
             if (!compte.startsWith(u"007") || CleRIB(compte.mid(3)) != u"0")
-                return refuser(u"Compte RIP CCP Incorrecte, veuillez rectifiez SVP", surCcp);
+                return arreter(surCcp, u"Compte RIP CCP Incorrecte, veuillez rectifiez SVP");
             return {};
         }
         QString corps = compte.chopped(2).toString();
         if (CleCCP(corps) != compte.last(2))
-            return refuser(u"Compte CCP Incorrecte, veuillez rectifiez SVP", surCcp);
+            return arreter(surCcp, u"Compte CCP Incorrecte, veuillez rectifiez SVP");
         return {};
     }
 
     Issue uniques()
     {
         if (autreTitulaire(u"num_cpt_ccp"_s, m_ccp)) {
-            return refuser(
-                u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !",
-                sansFocus);
+            return arreter(
+                sansFocus,
+                u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !");
         }
         if (autreTitulaire(u"num_cpt_banc"_s, m_banc)) {
-            return refuser(u"Ce compte bancaire est affecté à un autre employé, vous ne pouvez l'affecter à "
-                           "cet employé !",
-                           sansFocus);
+            return arreter(sansFocus,
+                           u"Ce compte bancaire est affecté à un autre employé, vous ne pouvez l'affecter à "
+                           "cet employé !");
         }
         return {};
     }
@@ -182,7 +182,7 @@ private:
         return false;
     }
 
-    const Affiliation m_ecran;
+    const Forme m_ecran;
     FicheSalarie &m_fiche;
     QString &m_banc;
     QString &m_ccp;
@@ -192,7 +192,7 @@ private:
 };
 
 /// The steps of both saves behind the number: what is completed, and all rules of the accounts.
-Issue completer(Affiliation ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
+Issue completer(Forme ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue,
                 const SuiviAffiliation &suivi)
 {
     completerSituation(ecran, fiche);
@@ -207,13 +207,13 @@ Issue completer(Affiliation ecran, FicheSalarie &fiche, Connexion &cnx, Dialogue
 
 // The row
 
-QString adresseStockee(Affiliation ecran, QString texte)
+QString adresseStockee(Forme ecran, QString texte)
 {
     texte = majuscules(texte.replace(u"\r\n"_s, u"\n"_s).replace(u'\n', u' '));
     return difference::adresseA40[ecran] ? Trim(texte).left(40).toString() : texte;
 }
 
-Champs champsSalarie(Affiliation ecran, const FicheSalarie &fiche, qint64 cpt_z)
+Champs champsSalarie(Forme ecran, const FicheSalarie &fiche, qint64 cpt_z)
 {
     const auto parent = [ecran](const QString &nom) {
         return difference::parentsRognes[ecran] ? Trim(nom).toString() : nom;
@@ -258,23 +258,23 @@ Champs champsSalarie(Affiliation ecran, const FicheSalarie &fiche, qint64 cpt_z)
 
 /// Whether the clerk and the table agree to the new ten digits; cpt_z is given anew to one who loses his
 /// number, and kept by one who gets his first.
-bool changementAdmis(const FicheSalarie &fiche, const AncienNumero &ancien, qint64 &cpt_z, Connexion &cnx,
+Issue ctrlChangement(const FicheSalarie &fiche, const AncienNumero &ancien, qint64 &cpt_z, Connexion &cnx,
                      Dialogue &dialogue)
 {
     if (fiche.sansNumero()) {
         if (!dialogue.demander(u"Cet employé posséde déja un numéro SS, voulez vous lui supprimer le N° de "
                                "sécurité sociale ? "_s))
-            return false;
+            return pasDAccord;
         cpt_z = cptSuivant(cnx);
-        return true;
+        return {};
     }
     if (ancien.chiffres != ChiffresBlancs &&
         !dialogue.demander(u"confirmez vous le changement du numéro SS de cet employé (Oui/Non) ? "_s))
-        return false;
+        return pasDAccord;
     if (!numeroPris(cnx, numeroComplet(fiche)))
-        return true;
-    dialogue.avertir(u"Ce numéro est déja affecté à un autre employé, modification N° SS non autorisée!"_s);
-    return false;
+        return {};
+    return refuser(dialogue, sansFocus,
+                   u"Ce numéro est déja affecté à un autre employé, modification N° SS non autorisée!"_s);
 }
 
 /// The declaration lines follow the employee, whatever key they carry.
@@ -307,15 +307,13 @@ void relireLignes(Base &base)
 std::optional<Refus> creerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dialogue,
                                   const SuiviAffiliation &suivi)
 {
-    constexpr auto creation = Affiliation::Creation;
+    constexpr auto creation = Forme::Creation;
     if (Issue refus = ControleAffiliation(creation, fiche, base.Cnx, dialogue))
         return refus;
     direSansNumeroPermis(creation, fiche, dialogue);
 
-    if (!fiche.sansNumero() && numeroPris(base.Cnx, numeroComplet(fiche))) {
-        dialogue.avertir(u"Ce Numéro de Salarié Existe Déja!"_s);
-        return sansFocus;
-    }
+    if (!fiche.sansNumero() && numeroPris(base.Cnx, numeroComplet(fiche)))
+        return refuser(dialogue, sansFocus, u"Ce Numéro de Salarié Existe Déja!"_s);
     const qint64 cpt_z = fiche.blancCheck ? cptSuivant(base.Cnx) : 1;
 
     montrerTousSalaries(base.RsSalarie);
@@ -333,7 +331,7 @@ std::optional<Refus> creerSalarie(FicheSalarie &fiche, Base &base, Dialogue &dia
 std::optional<Refus> modifierSalarie(FicheSalarie &fiche, const AncienNumero &ancien, Base &base,
                                      Dialogue &dialogue, const SuiviAffiliation &suivi)
 {
-    constexpr auto modification = Affiliation::Modification;
+    constexpr auto modification = Forme::Modification;
     qint64 cpt_z = ancien.cpt_z;
     if (Issue refus = ControleAffiliation(modification, fiche, base.Cnx, dialogue))
         return refus;
@@ -341,16 +339,16 @@ std::optional<Refus> modifierSalarie(FicheSalarie &fiche, const AncienNumero &an
 
     // The ten digits alone: a new key changes the employee and no line, that is required.
     const bool autreNumero = fiche.num_salmask != ancien.chiffres;
-    if (autreNumero && !changementAdmis(fiche, ancien, cpt_z, base.Cnx, dialogue)) {
-        fiche.num_salmask = ancien.chiffres;
-        fiche.clemask = ancien.cle;
-        suivi.montrer(fiche);
-        return sansFocus;
+    if (autreNumero) {
+        if (Issue refus = ctrlChangement(fiche, ancien, cpt_z, base.Cnx, dialogue)) {
+            fiche.num_salmask = ancien.chiffres;
+            fiche.clemask = ancien.cle;
+            suivi.montrer(fiche);
+            return refus;
+        }
     }
-    if (base.RsSalarie.vide()) {
-        dialogue.avertir(u"Aucun Elément à Modifier"_s);
-        return sansFocus;
-    }
+    if (base.RsSalarie.vide())
+        return refuser(dialogue, sansFocus, u"Aucun Elément à Modifier"_s);
     if (Issue refus = completer(modification, fiche, base.Cnx, dialogue, suivi))
         return refus;
 

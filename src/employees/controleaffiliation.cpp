@@ -15,13 +15,14 @@ namespace {
 
 using Issue = std::optional<Refus>;
 
-const Refus sansFocus;
+constexpr QStringView sansFocus;
+const Refus pasDAccord;
 
 /// One pass over one record.
 class Controle
 {
 public:
-    Controle(Affiliation ecran, const FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue)
+    Controle(Forme ecran, const FicheSalarie &fiche, Connexion &cnx, Dialogue &dialogue)
         : m_ecran(ecran), m_fiche(fiche), m_cnx(cnx), m_dialogue(dialogue)
     {
     }
@@ -29,10 +30,9 @@ public:
     Issue passer();
 
 private:
-    Refus arreter(const QString &texte, Refus refus, const QString &titre = {})
+    Refus arreter(QStringView controle, const QString &texte, const QString &titre = {})
     {
-        m_dialogue.avertir(texte, titre);
-        return refus;
+        return refuser(m_dialogue, controle, texte, titre);
     }
 
     Issue numero();
@@ -49,7 +49,7 @@ private:
     Issue coordonnees();
     Issue accord();
 
-    const Affiliation m_ecran;
+    const Forme m_ecran;
     const FicheSalarie &m_fiche;
     Connexion &m_cnx;
     Dialogue &m_dialogue;
@@ -85,33 +85,35 @@ Issue Controle::numeroBlanc()
     if (m_dialogue.demander(
             u"Voulez vous effectuer ces changements pour cet employé, même sans numéro SS ?"_s, {}, false))
         return {};
-    return sansFocus;
+    return pasDAccord;
 }
 
 Issue Controle::numero()
 {
     const QStringView chiffres = Trim(m_fiche.num_salmask);
-    const Refus surNumero{u"num_salmask", {}};
+    constexpr QStringView surNumero = controlesSalarie[u"num_salmask"];
     if (chiffres.size() != 10)
-        return arreter(u"la taille du numéro SS, sans la clés de control  est égal à 10!"_s, surNumero);
+        return arreter(surNumero, u"la taille du numéro SS, sans la clés de control  est égal à 10!"_s);
     if (chiffres.first(2) != QStringView(m_fiche.mskdate).right(2)) {
         return arreter(
+            surNumero,
             u"Pas de concordance entre le numéro SS et la l'année de naissance, veuillez corriger SVP!"_s,
-            surNumero, u"Controle sasie"_s);
+            u"Controle sasie"_s);
     }
     if (!m_fiche.etrangerCheck) {
         const QString &acte = m_fiche.MskNumActeNaiss;
         if (acte == u"00000" || acte == u"_____") {
-            m_dialogue.informer(difference::acteManquant[m_ecran].toString());
-            return sansFocus;
+            const QString texte = difference::acteManquant[m_ecran].toString();
+            m_dialogue.informer(texte);
+            return Refus{sansFocus, texte};
         }
         if (chiffres.sliced(2, 4) != QStringView(acte).right(4)) {
-            return arreter(u"Le numéro d'acte de naissance ou numéro SS erroné, veuillez revérifier SVP !"_s,
-                           sansFocus);
+            return arreter(sansFocus,
+                           u"Le numéro d'acte de naissance ou numéro SS erroné, veuillez revérifier SVP !"_s);
         }
     }
     if (!chiffresSeuls(chiffres) || CleSS(chiffres) != m_fiche.clemask) {
-        return arreter(u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, surNumero,
+        return arreter(surNumero, u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s,
                        u"control de clés SS"_s);
     }
     return {};
@@ -120,7 +122,7 @@ Issue Controle::numero()
 Issue Controle::nationaliteChoisie()
 {
     if (m_fiche.CmbNationalite < 0)
-        return arreter(u"Veuillez choisir la nationalité SVP !"_s, sansFocus);
+        return arreter(sansFocus, u"Veuillez choisir la nationalité SVP !"_s);
     return {};
 }
 
@@ -128,12 +130,12 @@ Issue Controle::national()
 {
     nin();
     if (m_fiche.CmbNationalite != RangNational) {
-        return arreter(u"Nationalité choisie autre que algérienne pour personnel nationaux , veuillez "
-                       "réctifier SVP !"_s,
-                       sansFocus);
+        return arreter(sansFocus, u"Nationalité choisie autre que algérienne pour personnel nationaux , "
+                                  "veuillez réctifier SVP !"_s);
     }
     if (m_fiche.CmbCommune.isEmpty())
-        return arreter(u"Veuillez sélectionner la commune de naissance SVP!"_s, Refus{u"CmbCommune", {}});
+        return arreter(controlesSalarie[u"CmbCommune"],
+                       u"Veuillez sélectionner la commune de naissance SVP!"_s);
     return {};
 }
 
@@ -178,9 +180,8 @@ Issue Controle::etranger()
     if (Issue refus = nationaliteChoisie())
         return refus;
     if (m_fiche.CmbNationalite == RangNational) {
-        return arreter(u"Erreur, nationalité algérienne choisie pour personnel etranger , veuillez "
-                       "réctifier SVP !"_s,
-                       sansFocus);
+        return arreter(sansFocus, u"Erreur, nationalité algérienne choisie pour personnel etranger , "
+                                  "veuillez réctifier SVP !"_s);
     }
     return {};
 }
@@ -188,41 +189,42 @@ Issue Controle::etranger()
 Issue Controle::personne()
 {
     if (Trim(m_fiche.profesedit).size() < 5) {
-        return arreter(u"la taille autorisée pour la fonction est de 5 caractères au minimum !"_s,
-                       Refus{u"profesedit", {}});
+        return arreter(controlesSalarie[u"profesedit"],
+                       u"la taille autorisée pour la fonction est de 5 caractères au minimum !"_s);
     }
+    constexpr QStringView surNom = controlesSalarie[u"nomedit"];
+    constexpr QStringView surPrenom = controlesSalarie[u"prenomedit"];
     // A missing first name is told with the words of the surname: that is required.
     const QString nomAbsent = u"Veuillez saisir le nom de l'employé SVP !"_s;
     if (Trim(m_fiche.nomedit).isEmpty())
-        return arreter(nomAbsent, Refus{u"nomedit", {}});
+        return arreter(surNom, nomAbsent);
     if (!SansChiffre(m_fiche.nomedit)) {
-        return arreter(u"le nom de l'employé ne peut contenir que des caractères alphabétiques !"_s,
-                       Refus{u"nomedit", {}});
+        return arreter(surNom, u"le nom de l'employé ne peut contenir que des caractères alphabétiques !"_s);
     }
     if (Trim(m_fiche.prenomedit).isEmpty())
-        return arreter(nomAbsent, Refus{u"prenomedit", {}});
+        return arreter(surPrenom, nomAbsent);
     if (!SansChiffre(m_fiche.prenomedit)) {
-        return arreter(u"le prénom de l'employé ne peut contenir que des caractères alphabétiques !"_s,
-                       Refus{u"prenomedit", {}});
+        return arreter(surPrenom,
+                       u"le prénom de l'employé ne peut contenir que des caractères alphabétiques !"_s);
     }
     return {};
 }
 
 Issue Controle::naissance()
 {
-    const Refus surDate{u"mskdate", {}};
+    constexpr QStringView surDate = controlesSalarie[u"mskdate"];
     const std::optional<QDate> jour = dateDe(m_fiche.mskdate);
     if (!jour)
-        return arreter(u"Veuillez Saisir une Date de naissance Correcte SVP!!!"_s, surDate);
+        return arreter(surDate, u"Veuillez Saisir une Date de naissance Correcte SVP!!!"_s);
     // Calendar years alone: month and day of birth don't count.
     const int age = aujourdhui().year() - jour->year();
     if (age < 16) {
-        return arreter(u"Salarié de moins de 16 ans, veuillez saisir une date de naissance valide SVP"_s,
-                       surDate);
+        return arreter(surDate,
+                       u"Salarié de moins de 16 ans, veuillez saisir une date de naissance valide SVP"_s);
     }
     if (age > fonds::AgeMaximal) {
         return arreter(
-            u" Cette Date de Naissance est trop Ancienne, Veuillez Saisir une Date Valide SVP!!!"_s, surDate);
+            surDate, u" Cette Date de Naissance est trop Ancienne, Veuillez Saisir une Date Valide SVP!!!"_s);
     }
     return {};
 }
@@ -250,7 +252,7 @@ Issue Controle::coordonnees()
     if (Trim(m_fiche.adredit).size() < 15)
         m_liste += u"Le champ adresse doit contenir 15 caractères au minimum !"_s;
     if (m_fiche.CmbSexe < 0)
-        return arreter(u"Veuillez indiquer le sexe de ce salarié SVP!"_s, Refus{u"CmbSexe", {}});
+        return arreter(controlesSalarie[u"CmbSexe"], u"Veuillez indiquer le sexe de ce salarié SVP!"_s);
     // Any address counts as badly formed, and the clerk passes by his accord: that is required.
     if (!Trim(m_fiche.TxtEmail).isEmpty())
         m_liste += u"Format du mail incorrecte !"_s;
@@ -271,12 +273,12 @@ Issue Controle::accord()
     if (m_dialogue.demander(u"Des erreurs existent pour cet affilié, voulez vous tous de même enregistrer "
                             "l'affiliation de cet employé ?"_s))
         return {};
-    return sansFocus;
+    return pasDAccord;
 }
 
 } // namespace
 
-std::optional<Refus> ControleAffiliation(Affiliation ecran, const FicheSalarie &fiche, Connexion &cnx,
+std::optional<Refus> ControleAffiliation(Forme ecran, const FicheSalarie &fiche, Connexion &cnx,
                                          Dialogue &dialogue)
 {
     return Controle(ecran, fiche, cnx, dialogue).passer();

@@ -1,26 +1,12 @@
 #pragma once
 
+#include "rules/selon.h"
+
 #include <QStringView>
 
-/// The two screens that write an employee: frm_add_sal and frm_mod_sal.
-enum class Affiliation { Creation, Modification };
-
-/// What a thing is on the one screen and on the other.
-template <typename T>
-struct Selon
-{
-    T creation;
-    T modification;
-
-    constexpr const T &operator[](Affiliation ecran) const
-    {
-        return ecran == Affiliation::Creation ? creation : modification;
-    }
-};
-
-/// All that tells the change of an employee from his entry, first the entry's, then the change's. What is not
-/// here is the same on both screens, but for the number itself: how a free one is found is told side by side
-/// in affiliation.cpp.
+/// All that tells the change of an employee, frm_mod_sal, from his entry, frm_add_sal, first the entry's,
+/// then the change's. What is not here is the same on both screens, but for the number itself: how a free one
+/// is found is told side by side in affiliation.cpp.
 namespace difference {
 
 // The control
@@ -74,10 +60,6 @@ inline constexpr Selon<bool> parentsRognes{false, true};
 inline constexpr Selon<QStringView> succes{u"Salarié Ajouté Avec Succès!", u"Salarié Modifié avec Succès!"};
 
 // The screen
-
-inline constexpr Selon<QStringView> titre{u"AFFILIATION SALARIE", u"MODIFICATION AFFILIATION SALARIE"};
-
-inline constexpr Selon<QStringView> boutonOk{u"Créer", u"Enregistrer"};
 
 /// The place of birth that no rule reads.
 inline constexpr Selon<bool> aLieuNaissance{true, false};

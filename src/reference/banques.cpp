@@ -12,64 +12,56 @@ namespace {
 
 constexpr qsizetype positionsDuCode = 3;
 
-RefusBanque refuser(ChampBanque champ, const QString &texte, Dialogue &dialogue)
-{
-    dialogue.avertir(texte);
-    return champ;
-}
+using Issue = std::optional<Refus>;
 
-RefusBanque ctrlCode(const FicheBanque &fiche, Dialogue &dialogue)
+/// What tells the rules of the change, mod_bnq, from those of the entry, add_bnq: first the entry's.
+namespace difference {
+
+/// Whether the positions of the code are looked at first. In the entry they come last: what is told of a form
+/// with nothing entered are its names.
+constexpr Selon<bool> positionsDAbord{false, true};
+
+constexpr Selon<QStringView> existe{u"cette banque existe déja!", u"Cette Banque Existe Déja!"};
+
+constexpr Selon<QStringView> sansAbreviation{u"Veuillez saisir l'abréviation de la Banque SVP",
+                                             u"Veuillez Saisir l'abreviation SVP!!!"};
+/// "dsignation" is meant.
+constexpr Selon<QStringView> sansLibelle{u"Veuillez saisir la désignation SVP",
+                                         u"Veuillez Saisir la dsignation SVP!!!"};
+
+} // namespace difference
+
+Issue ctrlPositions(const FicheBanque &fiche, Dialogue &dialogue)
 {
     const QStringView code = Trim(fiche.CodeBnq);
     if (code.size() == positionsDuCode && chiffresSeuls(code))
         return {};
-    return refuser(ChampBanque::CodeBnq, u" le code de la banque doit être sur 3 positions"_s, dialogue);
+    return refuser(dialogue, controlesBanque[u"CodeBnq"],
+                   u" le code de la banque doit être sur 3 positions"_s);
 }
 
-RefusBanque ctrlNouveauCode(const FicheBanque &fiche, const QString &texte, Base &base, Dialogue &dialogue)
+/// The rules of both forms, in their order.
+/// @param autreCode whether the code is not the one that the bank has
+Issue ctrlBanque(Forme forme, Base &base, FicheBanque &fiche, bool autreCode, Dialogue &dialogue)
 {
-    if (!base.Cnx.existe(u"SELECT 1 FROM Banque WHERE Code = ?"_s, {Trim(fiche.CodeBnq)}))
-        return {};
-    return refuser(ChampBanque::CodeBnq, texte, dialogue);
-}
-
-RefusBanque ctrlNoms(FicheBanque &fiche, const QString &sansAbreviation, const QString &sansLibelle,
-                     Dialogue &dialogue)
-{
+    const auto arreter = [&](QStringView controle, const Selon<QStringView> &texte) {
+        return refuser(dialogue, controle, texte[forme].toString());
+    };
+    if (difference::positionsDAbord[forme]) {
+        if (Issue refus = ctrlPositions(fiche, dialogue))
+            return refus;
+    }
+    if (autreCode && base.Cnx.existe(u"SELECT 1 FROM Banque WHERE Code = ?"_s, {Trim(fiche.CodeBnq)}))
+        return arreter(controlesBanque[u"CodeBnq"], difference::existe);
     fiche.AbreviatBnq = surUneLigne(fiche.AbreviatBnq);
     fiche.LibelleBnq = surUneLigne(fiche.LibelleBnq);
     if (Trim(fiche.AbreviatBnq).isEmpty())
-        return refuser(ChampBanque::AbreviatBnq, sansAbreviation, dialogue);
+        return arreter(controlesBanque[u"AbreviatBnq"], difference::sansAbreviation);
     if (Trim(fiche.LibelleBnq).isEmpty())
-        return refuser(ChampBanque::LibelleBnq, sansLibelle, dialogue);
+        return arreter(controlesBanque[u"LibelleBnq"], difference::sansLibelle);
+    if (!difference::positionsDAbord[forme])
+        return ctrlPositions(fiche, dialogue);
     return {};
-}
-
-/// The rules of add_bnq, in their order. The positions of the code come last: what is told of a form with
-/// nothing entered are its names.
-RefusBanque ctrlNouvelleBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue)
-{
-    if (RefusBanque refus = ctrlNouveauCode(fiche, u"cette banque existe déja!"_s, base, dialogue))
-        return refus;
-    if (RefusBanque refus = ctrlNoms(fiche, u"Veuillez saisir l'abréviation de la Banque SVP"_s,
-                                     u"Veuillez saisir la désignation SVP"_s, dialogue))
-        return refus;
-    return ctrlCode(fiche, dialogue);
-}
-
-/// The rules of mod_bnq, in their order.
-RefusBanque ctrlBanqueModifiee(Base &base, FicheBanque &fiche, const FicheBanque &lue, Dialogue &dialogue)
-{
-    if (fiche == lue)
-        return refuser(ChampBanque::CodeBnq, u"Aucun Elément à Modifier"_s, dialogue);
-    if (RefusBanque refus = ctrlCode(fiche, dialogue))
-        return refus;
-    if (fiche.CodeBnq != lue.CodeBnq) {
-        if (RefusBanque refus = ctrlNouveauCode(fiche, u"Cette Banque Existe Déja!"_s, base, dialogue))
-            return refus;
-    }
-    return ctrlNoms(fiche, u"Veuillez Saisir l'abreviation SVP!!!"_s,
-                    u"Veuillez Saisir la dsignation SVP!!!"_s, dialogue);
 }
 
 Champs champs(const FicheBanque &fiche)
@@ -81,9 +73,9 @@ Champs champs(const FicheBanque &fiche)
 
 } // namespace
 
-RefusBanque creerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue)
+std::optional<Refus> creerBanque(Base &base, FicheBanque &fiche, Dialogue &dialogue)
 {
-    if (RefusBanque refus = ctrlNouvelleBanque(base, fiche, dialogue))
+    if (Issue refus = ctrlBanque(Forme::Creation, base, fiche, true, dialogue))
         return refus;
     base.RsBanque.ajouter(champs(fiche));
     base.RsBanque.requery();
@@ -95,10 +87,13 @@ FicheBanque lireFicheBanque(const Enregistrement &ligne)
     return {ligne.texte(u"Code"), ligne.texte(u"Abreviat"), ligne.texte(u"Libelle")};
 }
 
-RefusBanque modifierBanque(Base &base, const Enregistrement &ligne, FicheBanque &fiche,
-                           const FicheBanque &lue, Dialogue &dialogue)
+std::optional<Refus> modifierBanque(Base &base, const Enregistrement &ligne, FicheBanque &fiche,
+                                    const FicheBanque &lue, Dialogue &dialogue)
 {
-    if (RefusBanque refus = ctrlBanqueModifiee(base, fiche, lue, dialogue))
+    if (fiche == lue)
+        return refuser(dialogue, controlesBanque[u"CodeBnq"], u"Aucun Elément à Modifier"_s);
+    const bool autreCode = fiche.CodeBnq != lue.CodeBnq;
+    if (Issue refus = ctrlBanque(Forme::Modification, base, fiche, autreCode, dialogue))
         return refus;
     base.RsBanque.modifier(ligne, champs(fiche));
     base.RsBanque.requery();

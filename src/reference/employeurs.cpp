@@ -21,102 +21,110 @@ bool cleJuste(const FicheEmployeur &fiche)
     return numero.size() == chiffresDuNumero && chiffresSeuls(numero) && CleSS(numero) == fiche.clemask;
 }
 
-RefusEmployeur refuser(ChampEmployeur champ, const QString &texte, Dialogue &dialogue)
-{
-    dialogue.avertir(texte);
-    return champ;
-}
+using Issue = std::optional<Refus>;
 
-RefusEmployeur ctrlCle(const FicheEmployeur &fiche, const QString &texte, Dialogue &dialogue)
-{
-    if (cleJuste(fiche))
-        return {};
-    return refuser(ChampEmployeur::num_empmask, texte, dialogue);
-}
+/// What tells the rules of the change, mod_emp, from those of the entry, add_emp: first the entry's.
+namespace difference {
 
-RefusEmployeur ctrlTelephone(FicheEmployeur &fiche, const QString &texte, Dialogue &dialogue)
-{
-    if (estBlanc(fiche.telEdit))
-        return {};
-    fiche.telEdit = sansBlancs(fiche.telEdit);
-    if (CtrlTelephone(fiche.telEdit, dialogue))
-        return {};
-    return refuser(ChampEmployeur::telEdit, texte, dialogue);
-}
+/// Whether a key that is left blank is told as such.
+constexpr Selon<bool> cleBlancheDite{true, false};
 
-RefusEmployeur ctrlMail(FicheEmployeur &fiche, Dialogue &dialogue)
-{
-    if (estBlanc(fiche.mailEdit))
-        return {};
-    fiche.mailEdit = sansBlancs(fiche.mailEdit);
-    if (CtrlMail(fiche.mailEdit, dialogue))
-        return {};
-    return refuser(ChampEmployeur::mailEdit, u"Format E - Mail incorrecte"_s, dialogue);
-}
+constexpr Selon<QStringView> cleFausseEnQuittant{u"Veillez saisir un numéro correct SVP",
+                                                 u"Veillez Saisir un Numéro Correct SVP"};
+constexpr Selon<QStringView> cleFausse{u"Veillez saisir un numéro correct SVP",
+                                       u"Veillez Saisir un Numéro Correct SVP!!!"};
 
-RefusEmployeur ctrlNouveauNumero(const FicheEmployeur &fiche, const QString &texte, Base &base,
-                                 Dialogue &dialogue)
-{
-    // The table itself, and not the list: another program may have added the employer meanwhile.
-    if (!base.Cnx.existe(u"SELECT 1 FROM employeur WHERE num_emp = ?"_s, {Trim(fiche.num_empmask)}))
-        return {};
-    return refuser(ChampEmployeur::num_empmask, texte, dialogue);
-}
+/// Whether telephone and mail are looked at before the number's double and the names.
+constexpr Selon<bool> coordonneesDAbord{true, false};
 
-RefusEmployeur ctrlNoms(FicheEmployeur &fiche, const QString &sansRaison, const QString &sansAdresse,
-                        Dialogue &dialogue)
-{
-    fiche.Rais_SocEdit = surUneLigne(fiche.Rais_SocEdit);
-    fiche.AdresseEdit = surUneLigne(fiche.AdresseEdit);
-    if (estBlanc(fiche.Rais_SocEdit))
-        return refuser(ChampEmployeur::Rais_SocEdit, sansRaison, dialogue);
-    if (estBlanc(fiche.AdresseEdit))
-        return refuser(ChampEmployeur::AdresseEdit, sansAdresse, dialogue);
-    return {};
-}
+constexpr Selon<QStringView> telephone{
+    u"Numéro de télephone incorrecte, exemple format (10 chiffres) : 0660112233 ou 0021445566",
+    u"Numéro de télephone incorrecte, exemple  format (10 chiffres) : 0660112233 ou 0021445566"};
 
-/// The rules of add_emp, in their order.
-RefusEmployeur ctrlNouvelEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue)
-{
-    if (estBlanc(fiche.clemask))
-        return refuser(ChampEmployeur::clemask, u"Veuillez saisir la clé du numéro"_s, dialogue);
-    if (RefusEmployeur refus = ctrlCleNouvelEmployeur(fiche, dialogue))
-        return refus;
-    if (RefusEmployeur refus = ctrlTelephone(fiche,
-                                             u"Numéro de télephone incorrecte, exemple format (10 chiffres) "
-                                             ": 0660112233 ou 0021445566"_s,
-                                             dialogue))
-        return refus;
-    if (RefusEmployeur refus = ctrlMail(fiche, dialogue))
-        return refus;
-    if (RefusEmployeur refus = ctrlNouveauNumero(fiche, u"cet employeur existe déja!"_s, base, dialogue))
-        return refus;
-    return ctrlNoms(fiche, u"Veuillez saisir la raison sociale SVP"_s, u"Veuillez saisir une adresse SVP"_s,
-                    dialogue);
-}
+constexpr Selon<QStringView> existe{u"cet employeur existe déja!", u"Cet Employeur Existe Déja!"};
 
-/// The rules of mod_emp, in their order: the same ones, the names before telephone and mail.
-RefusEmployeur ctrlEmployeurModifie(Base &base, FicheEmployeur &fiche, const FicheEmployeur &lue,
-                                    Dialogue &dialogue)
+constexpr Selon<QStringView> sansRaison{u"Veuillez saisir la raison sociale SVP",
+                                        u"Veuillez Saisir la Raison Sociale SVP!!!"};
+constexpr Selon<QStringView> sansAdresse{u"Veuillez saisir une adresse SVP",
+                                         u"Veuillez Saisir une Adresse SVP!!!"};
+
+} // namespace difference
+
+/// The rules of both forms, in their order.
+class Controle
 {
-    if (fiche == lue)
-        return refuser(ChampEmployeur::num_empmask, u"Aucun Elément à Modifier"_s, dialogue);
-    if (RefusEmployeur refus = ctrlCle(fiche, u"Veillez Saisir un Numéro Correct SVP!!!"_s, dialogue))
-        return refus;
-    if (fiche.num_empmask != lue.num_empmask) {
-        if (RefusEmployeur refus = ctrlNouveauNumero(fiche, u"Cet Employeur Existe Déja!"_s, base, dialogue))
-            return refus;
+public:
+    Controle(Forme forme, FicheEmployeur &fiche, Base &base, Dialogue &dialogue)
+        : m_forme(forme), m_fiche(fiche), m_base(base), m_dialogue(dialogue)
+    {
     }
-    if (RefusEmployeur refus = ctrlNoms(fiche, u"Veuillez Saisir la Raison Sociale SVP!!!"_s,
-                                        u"Veuillez Saisir une Adresse SVP!!!"_s, dialogue))
-        return refus;
-    if (RefusEmployeur refus = ctrlTelephone(fiche,
-                                             u"Numéro de télephone incorrecte, exemple  format (10 chiffres) "
-                                             ": 0660112233 ou 0021445566"_s,
-                                             dialogue))
-        return refus;
-    return ctrlMail(fiche, dialogue);
-}
+
+    /// @param autreNumero whether the number is not the one that the employer has
+    Issue passer(bool autreNumero)
+    {
+        if (Issue refus = cle())
+            return refus;
+        if (difference::coordonneesDAbord[m_forme]) {
+            if (Issue refus = coordonnees())
+                return refus;
+        }
+        // The table itself, and not the list: another program may have added the employer meanwhile.
+        if (autreNumero &&
+            m_base.Cnx.existe(u"SELECT 1 FROM employeur WHERE num_emp = ?"_s, {Trim(m_fiche.num_empmask)}))
+            return arreter(controlesEmployeur[u"num_empmask"], difference::existe);
+        if (Issue refus = noms())
+            return refus;
+        if (!difference::coordonneesDAbord[m_forme])
+            return coordonnees();
+        return {};
+    }
+
+private:
+    Refus arreter(QStringView controle, const Selon<QStringView> &texte)
+    {
+        return refuser(m_dialogue, controle, texte[m_forme].toString());
+    }
+
+    Issue cle()
+    {
+        if (difference::cleBlancheDite[m_forme] && estBlanc(m_fiche.clemask))
+            return refuser(m_dialogue, controlesEmployeur[u"clemask"], u"Veuillez saisir la clé du numéro"_s);
+        if (!cleJuste(m_fiche))
+            return arreter(controlesEmployeur[u"num_empmask"], difference::cleFausse);
+        return {};
+    }
+
+    Issue coordonnees()
+    {
+        if (!estBlanc(m_fiche.telEdit)) {
+            m_fiche.telEdit = sansBlancs(m_fiche.telEdit);
+            if (!CtrlTelephone(m_fiche.telEdit, m_dialogue))
+                return arreter(controlesEmployeur[u"telEdit"], difference::telephone);
+        }
+        if (!estBlanc(m_fiche.mailEdit)) {
+            m_fiche.mailEdit = sansBlancs(m_fiche.mailEdit);
+            if (!CtrlMail(m_fiche.mailEdit, m_dialogue))
+                return refuser(m_dialogue, controlesEmployeur[u"mailEdit"], u"Format E - Mail incorrecte"_s);
+        }
+        return {};
+    }
+
+    Issue noms()
+    {
+        m_fiche.Rais_SocEdit = surUneLigne(m_fiche.Rais_SocEdit);
+        m_fiche.AdresseEdit = surUneLigne(m_fiche.AdresseEdit);
+        if (estBlanc(m_fiche.Rais_SocEdit))
+            return arreter(controlesEmployeur[u"Rais_SocEdit"], difference::sansRaison);
+        if (estBlanc(m_fiche.AdresseEdit))
+            return arreter(controlesEmployeur[u"AdresseEdit"], difference::sansAdresse);
+        return {};
+    }
+
+    const Forme m_forme;
+    FicheEmployeur &m_fiche;
+    Base &m_base;
+    Dialogue &m_dialogue;
+};
 
 Champs champs(const FicheEmployeur &fiche)
 {
@@ -136,14 +144,17 @@ void relire(Recordset &employeurs)
 
 } // namespace
 
-RefusEmployeur ctrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue)
+std::optional<Refus> ctrlCleEmployeur(Forme forme, const FicheEmployeur &fiche, Dialogue &dialogue)
 {
-    return ctrlCle(fiche, u"Veillez saisir un numéro correct SVP"_s, dialogue);
+    if (cleJuste(fiche))
+        return {};
+    return refuser(dialogue, controlesEmployeur[u"num_empmask"],
+                   difference::cleFausseEnQuittant[forme].toString());
 }
 
-RefusEmployeur creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue)
+std::optional<Refus> creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue)
 {
-    if (RefusEmployeur refus = ctrlNouvelEmployeur(base, fiche, dialogue))
+    if (Issue refus = Controle(Forme::Creation, fiche, base, dialogue).passer(true))
         return refus;
     base.RsEmployeur.ajouter(champs(fiche));
     relire(base.RsEmployeur);
@@ -162,15 +173,13 @@ FicheEmployeur lireFicheEmployeur(const Enregistrement &ligne)
             ligne.texte(u"Mail")};
 }
 
-RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue)
+std::optional<Refus> modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
+                                       const FicheEmployeur &lue, Dialogue &dialogue)
 {
-    return ctrlCle(fiche, u"Veillez Saisir un Numéro Correct SVP"_s, dialogue);
-}
-
-RefusEmployeur modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
-                                 const FicheEmployeur &lue, Dialogue &dialogue)
-{
-    if (RefusEmployeur refus = ctrlEmployeurModifie(base, fiche, lue, dialogue))
+    if (fiche == lue)
+        return refuser(dialogue, controlesEmployeur[u"num_empmask"], u"Aucun Elément à Modifier"_s);
+    const bool autreNumero = fiche.num_empmask != lue.num_empmask;
+    if (Issue refus = Controle(Forme::Modification, fiche, base, dialogue).passer(autreNumero))
         return refus;
     base.RsEmployeur.modifier(ligne, champs(fiche));
     relire(base.RsEmployeur);

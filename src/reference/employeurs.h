@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QString>
+#include "rules/refus.h"
+#include "rules/selon.h"
 
 #include <optional>
 
 class Base;
-class Dialogue;
 class Enregistrement;
 
-/// The fields of an employer as add_emp and mod_emp hold them. A masked field's text is what it shows, prompt
-/// characters included.
+/// The fields of an employer as both forms, add_emp and mod_emp, hold them. A masked field's text is what it
+/// shows, prompt characters included.
 struct FicheEmployeur
 {
     QString num_empmask;
@@ -22,31 +22,27 @@ struct FicheEmployeur
     friend bool operator==(const FicheEmployeur &, const FicheEmployeur &) = default;
 };
 
-enum class ChampEmployeur { num_empmask, clemask, Rais_SocEdit, AdresseEdit, telEdit, mailEdit };
+/// What both forms can give the focus to when they refuse.
+inline constexpr Controles controlesEmployeur{u"num_empmask", u"clemask", u"Rais_SocEdit",
+                                              u"AdresseEdit", u"telEdit", u"mailEdit"};
 
-/// What a refused record gets the focus on; nothing when all went well.
-using RefusEmployeur = std::optional<ChampEmployeur>;
-
-/// The key of a new employer, when its field is left.
-RefusEmployeur ctrlCleNouvelEmployeur(const FicheEmployeur &fiche, Dialogue &dialogue);
+/// The key, when its field is left.
+std::optional<Refus> ctrlCleEmployeur(Forme forme, const FicheEmployeur &fiche, Dialogue &dialogue);
 
 /// Adds an employer and makes it the current row. The first fault is told and stops; telephone and mail have
 /// lost their blanks by then. The success is the screen's to tell, once it is closed.
-RefusEmployeur creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue);
+std::optional<Refus> creerEmployeur(Base &base, FicheEmployeur &fiche, Dialogue &dialogue);
 
 /// The fields of a stored employer. The key is not stored: it is worked out again, and left blank for a
 /// number that has none.
 FicheEmployeur lireFicheEmployeur(const Enregistrement &ligne);
 
-/// The key of a changed employer, when its field is left.
-RefusEmployeur ctrlCleEmployeurModifie(const FicheEmployeur &fiche, Dialogue &dialogue);
-
 /// Writes the fields into an employer, by the rules of creerEmployeur(). The declarations of an employer that
 /// gets another number stay under the old one: this is meant.
 /// @param ligne the employer as it was read
 /// @param lue the fields as they were shown at first
-RefusEmployeur modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
-                                 const FicheEmployeur &lue, Dialogue &dialogue);
+std::optional<Refus> modifierEmployeur(Base &base, const Enregistrement &ligne, FicheEmployeur &fiche,
+                                       const FicheEmployeur &lue, Dialogue &dialogue);
 
 /// Deletes the current employer once the clerk has confirmed it. Only headers of the annual declaration stand
 /// in the way.

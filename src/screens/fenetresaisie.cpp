@@ -15,6 +15,14 @@ FenetreSaisie::FenetreSaisie(Contexte &contexte, QWidget *parent)
     centrerALOuverture(*this);
 }
 
+void FenetreSaisie::habiller(const Habillage &habillage, QAbstractButton &valider)
+{
+    setObjectName(habillage.nom.toString());
+    setWindowTitle(habillage.titre.toString());
+    valider.setObjectName(habillage.bouton.toString());
+    valider.setText(habillage.texteDuBouton.toString());
+}
+
 void FenetreSaisie::relier(QAbstractButton *valider, QAbstractButton *fermer)
 {
     if (auto *premier = qobject_cast<QPushButton *>(valider))

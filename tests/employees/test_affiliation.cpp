@@ -14,12 +14,12 @@
 using namespace Qt::StringLiterals;
 
 using Faute = std::function<void(FicheSalarie &)>;
-using Attendu = std::function<void(DialogueScenario &, Affiliation)>;
+using Attendu = std::function<void(DialogueScenario &, Forme)>;
 
 namespace {
 
-constexpr auto Creation = Affiliation::Creation;
-constexpr auto Modification = Affiliation::Modification;
+constexpr auto Creation = Forme::Creation;
+constexpr auto Modification = Forme::Modification;
 
 const QString accordErreurs = u"Des erreurs existent pour cet affilié, voulez vous tous de même enregistrer "
                               "l'affiliation de cet employé ?"_s;
@@ -140,12 +140,12 @@ private slots:
 
         using F = FicheSalarie;
         const auto bon = [](const char *nom, const Faute &faute) {
-            QTest::newRow(nom) << faute << Attendu([](auto &, Affiliation) {}) << true << u""_s;
+            QTest::newRow(nom) << faute << Attendu([](auto &, Forme) {}) << true << u""_s;
         };
         // A stop: one warning, the same on both screens.
         const auto arret = [](const char *nom, const Faute &faute, const QString &texte,
                               const QString &champ = {}, const QString &titre = {}) {
-            const Attendu attendu = [=](DialogueScenario &d, Affiliation) {
+            const Attendu attendu = [=](DialogueScenario &d, Forme) {
                 d.attendreAvertissement(texte, titre);
             };
             QTest::newRow(nom) << faute << attendu << false << champ;
@@ -158,7 +158,7 @@ private slots:
         const auto liste = [](const char *nom, const Faute &faute, const QString &textes,
                               const QString &boite = {}) {
             for (const bool oui : {false, true}) {
-                const Attendu attendu = [=](DialogueScenario &d, Affiliation) {
+                const Attendu attendu = [=](DialogueScenario &d, Forme) {
                     if (!boite.isEmpty())
                         d.attendreAvertissement(boite);
                     d.attendreAvertissement(textes);
@@ -182,7 +182,7 @@ private slots:
         arret("autre annee", mis(&F::mskdate, u"04/03/1989"_s), annee, u"num_salmask"_s, titreAnnee);
         arret("autre annee, etranger", etranger(mis(&F::mskdate, u"__/__/____"_s)), annee, u"num_salmask"_s,
               titreAnnee);
-        const Attendu acteManquant = [](DialogueScenario &d, Affiliation a) {
+        const Attendu acteManquant = [](DialogueScenario &d, Forme a) {
             d.attendreInformation(a == Creation ? u"Numéro d'acte de naissance est obligatoire !"_s
                                                 : u"Numéro d'acte de naissance non fournie, il est "
                                                   "obligatoire pour la DAC Nominatif !"_s);
@@ -204,10 +204,9 @@ private slots:
         const QString autreNat =
             u"Nationalité choisie autre que algérienne pour personnel nationaux , veuillez "
             "réctifier SVP !"_s;
-        arrets("national sans nationalite", mis(&F::CmbNationalite, -1),
-               [=](DialogueScenario &d, Affiliation a) {
-                   d.attendreAvertissement(a == Creation ? choisir : autreNat);
-               });
+        arrets("national sans nationalite", mis(&F::CmbNationalite, -1), [=](DialogueScenario &d, Forme a) {
+            d.attendreAvertissement(a == Creation ? choisir : autreNat);
+        });
         arret("etranger sans nationalite", etranger(mis(&F::CmbNationalite, -1)), choisir);
         arret("national d'ailleurs", mis(&F::CmbNationalite, 2), autreNat);
         arret("etranger national", etranger(mis(&F::CmbNationalite, 3)),
@@ -225,7 +224,7 @@ private slots:
         bon("NIN sien", martin);
         liste("NIN sien, autre date", tous({martin, mis(&F::mskdate, u"05/03/1988"_s)}), prisNin, prisNin);
         // Eighteen zeros are a number on the entry, and none on the change.
-        const Attendu zerosPris = [=](DialogueScenario &d, Affiliation a) {
+        const Attendu zerosPris = [=](DialogueScenario &d, Forme a) {
             if (a == Modification)
                 return;
             d.attendreAvertissement(prisNin);
@@ -309,7 +308,7 @@ private slots:
                 m_autres->ajouter(numero, 1, {{u"nom"_s, u"MARTIN"}, {u"prenom"_s, u"LÉA"}, {u"NIN"_s, nin}});
             }
         }
-        for (const Affiliation ecran : {Creation, Modification}) {
+        for (const Forme ecran : {Creation, Modification}) {
             FicheSalarie fiche = ficheNationale();
             faute(fiche);
             DialogueScenario dialogue;
@@ -368,7 +367,8 @@ private slots:
         FicheSalarie encore = ficheNationale();
         encore.nomedit = u"D'été"_s;
         dialogue.attendreAvertissement(u"Ce Numéro de Salarié Existe Déja!"_s);
-        QVERIFY(creerSalarie(encore, donnees.base, dialogue, note.suivi) == Refus{});
+        QVERIFY((creerSalarie(encore, donnees.base, dialogue, note.suivi) ==
+                 Refus{{}, u"Ce Numéro de Salarié Existe Déja!"_s}));
 
         // A foreigner's place of birth is not stored, nor are certificate and NIN asked for.
         FicheSalarie etranger = ficheEtrangere();
@@ -377,9 +377,10 @@ private slots:
         etranger.CmbNationalite = 4;
         etranger.CmbSexe = 1;
         etranger.num_cpt_ccpedit = u" "_s;
-        dialogue.attendreAvertissement(
-            u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s, u"control de clés SS"_s);
-        QVERIFY((creerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", {}}));
+        const QString cleFausse = u"Numéro SS ou clés de controle incorrecte, Veuillez corriger SVP!!!"_s;
+        dialogue.attendreAvertissement(cleFausse, u"control de clés SS"_s);
+        QVERIFY(
+            (creerSalarie(etranger, donnees.base, dialogue, note.suivi) == Refus{u"num_salmask", cleFausse}));
         etranger.num_salmask = u"8800000000"_s;
         etranger.clemask = CleSS(etranger.num_salmask);
         dialogue.attendreInformation(u"Ce salarié ne possède pas de numéros de compte CCP ou bancaire"_s);
@@ -431,18 +432,18 @@ private slots:
             QTest::newRow(nom) << banc << ccp << attendu << issue;
         };
         const auto avertir = [](const QString &creation, const QString &modification = {}) {
-            return Attendu([=](DialogueScenario &d, Affiliation a) {
+            return Attendu([=](DialogueScenario &d, Forme a) {
                 d.attendreAvertissement(a == Creation || modification.isEmpty() ? creation : modification);
             });
         };
         const auto modifie = [](const QString &chiffres, const QString &refus = {}) {
-            return Attendu([=](DialogueScenario &d, Affiliation) {
+            return Attendu([=](DialogueScenario &d, Forme) {
                 d.attendreInformation(u"Numéro ccp modifié en: "_s + chiffres);
                 if (!refus.isEmpty())
                     d.attendreAvertissement(refus);
             });
         };
-        const Attendu rien = [](DialogueScenario &, Affiliation) {};
+        const Attendu rien = [](DialogueScenario &, Forme) {};
         const QString zeros(20, u'0');
         const QString surBanc = u"refus num_cpt_bancedit"_s;
         const QString surCcp = u"refus num_cpt_ccpedit"_s;
@@ -450,7 +451,7 @@ private slots:
         const QString rip = u"00712345678901234561"_s;
 
         for (const bool oui : {false, true}) {
-            const Attendu question = [=](DialogueScenario &d, Affiliation a) {
+            const Attendu question = [=](DialogueScenario &d, Forme a) {
                 d.attendreQuestion(a == Creation
                                        ? u"Etes vous sur que ce salarié ne possède pas de numéros de "
                                          "compte CCP ou bancaire ?"_s
@@ -512,7 +513,7 @@ private slots:
         QFETCH(QString, ccp);
         QFETCH(Attendu, attendu);
         QFETCH(QString, issue);
-        for (const Affiliation ecran : {Creation, Modification}) {
+        for (const Forme ecran : {Creation, Modification}) {
             BaseSalaries donnees;
             donnees.ajouter(u"880001000100"_s, 1,
                             {{u"nom"_s, u"MARTIN"},
@@ -634,14 +635,14 @@ private slots:
         remplie.fiche.MskNin = QString(18, u'0');
         dialogue.attendreAvertissement(
             u"Ce compte CCP est affecté à un autre employé, vous ne pouvez l'affecter à cet employé !"_s);
-        QVERIFY(modifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
+        QVERIFY(modifierSalarie(remplie.fiche, remplie.ancien, base, dialogue, note.suivi));
 
         // Without rows there is nothing to change.
         base.Cnx.executer(u"DELETE FROM salarie"_s);
         base.RsSalarie.requery();
         FicheSalarie fiche = ficheNationale();
         dialogue.attendreAvertissement(u"Aucun Elément à Modifier"_s);
-        QVERIFY(modifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi) == Refus{});
+        QVERIFY(modifierSalarie(fiche, remplie.ancien, base, dialogue, note.suivi));
         QCOMPARE(note.termine, 1);
     }
 
@@ -666,16 +667,15 @@ private slots:
                                   "recrue de moins d'un mois, merci"_s);
         };
         const auto questions = [](const QString &texte, bool oui) {
-            return Attendu([=](DialogueScenario &d, Affiliation) { d.attendreQuestion(texte, oui); });
+            return Attendu([=](DialogueScenario &d, Forme) { d.attendreQuestion(texte, oui); });
         };
-        const Attendu rien = [](DialogueScenario &, Affiliation) {};
+        const Attendu rien = [](DialogueScenario &, Forme) {};
 
         ligne("autre numero", u"882345678911"_s, u"882345678020"_s, questions(confirmer, true),
               u"882345678020|3"_s, u"882345678020|3"_s);
         ligne("autre numero, non", u"882345678911"_s, u"882345678020"_s, questions(confirmer, false), u""_s,
               u"882345678911|3"_s);
-        ligne("numero pris", u"882345678911"_s, u"882345678218"_s,
-              Attendu([=](DialogueScenario &d, Affiliation) {
+        ligne("numero pris", u"882345678911"_s, u"882345678218"_s, Attendu([=](DialogueScenario &d, Forme) {
                   d.attendreQuestion(confirmer, true);
                   d.attendreAvertissement(u"Ce numéro est déja affecté à un autre employé, "
                                           "modification N° SS non autorisée!"_s);
@@ -684,13 +684,13 @@ private slots:
         ligne("cle seule", u"882345678999"_s, u"882345678911"_s, rien, u"882345678911|3"_s,
               u"882345678999|3"_s);
         ligne("numero supprime", u"882345678911"_s, u"000000000000"_s,
-              Attendu([=](DialogueScenario &d, Affiliation) {
+              Attendu([=](DialogueScenario &d, Forme) {
                   sans(d);
                   d.attendreQuestion(supprimer, true);
               }),
               u"000000000000|3"_s, u"000000000000|3"_s);
         ligne("numero supprime, non", u"882345678911"_s, u"000000000000"_s,
-              Attendu([=](DialogueScenario &d, Affiliation) {
+              Attendu([=](DialogueScenario &d, Forme) {
                   sans(d);
                   d.attendreQuestion(supprimer, false);
               }),
@@ -698,7 +698,7 @@ private slots:
         ligne("premier numero", u"000000000000"_s, u"882345678020"_s, rien, u"882345678020|3"_s,
               u"882345678020|3"_s);
         ligne("toujours sans", u"000000000000"_s, u"000000000000"_s,
-              Attendu([=](DialogueScenario &d, Affiliation) { sans(d); }), u"000000000000|3"_s,
+              Attendu([=](DialogueScenario &d, Forme) { sans(d); }), u"000000000000|3"_s,
               u"000000000000|3"_s);
     }
 

@@ -14,16 +14,25 @@ namespace {
 const FicheEmployeur correcte{u"12345678"_s,           u"47"_s,          u"SARL L'Étoile; \"Sud\""_s,
                               u"3, rue d'en\r\nbas"_s, u"06 60112233"_s, u" a@b.dz "_s};
 
-constexpr int pasDeRefus = -1;
+const QString pasDeRefus = u"-"_s;
 
-int rang(const RefusEmployeur &refus) { return refus ? static_cast<int>(*refus) : pasDeRefus; }
-int rang(const RefusBanque &refus) { return refus ? static_cast<int>(*refus) : pasDeRefus; }
+/// The control that a refusal gives the focus to.
+QString sur(const std::optional<Refus> &refus) { return refus ? refus->controle.toString() : pasDeRefus; }
 
-QString &champ(FicheEmployeur &fiche, ChampEmployeur lequel)
+const QString num_empmask = u"num_empmask"_s;
+const QString clemask = u"clemask"_s;
+const QString Rais_SocEdit = u"Rais_SocEdit"_s;
+const QString AdresseEdit = u"AdresseEdit"_s;
+const QString telEdit = u"telEdit"_s;
+const QString mailEdit = u"mailEdit"_s;
+
+QString &champ(FicheEmployeur &fiche, const QString &lequel)
 {
-    QString *champs[] = {&fiche.num_empmask, &fiche.clemask, &fiche.Rais_SocEdit,
-                         &fiche.AdresseEdit, &fiche.telEdit, &fiche.mailEdit};
-    return *champs[static_cast<int>(lequel)];
+    const QHash<QString, QString FicheEmployeur::*> champs{
+        {num_empmask, &FicheEmployeur::num_empmask},   {clemask, &FicheEmployeur::clemask},
+        {Rais_SocEdit, &FicheEmployeur::Rais_SocEdit}, {AdresseEdit, &FicheEmployeur::AdresseEdit},
+        {telEdit, &FicheEmployeur::telEdit},           {mailEdit, &FicheEmployeur::mailEdit}};
+    return fiche.*champs[lequel];
 }
 
 const QString tousLesEmployeurs =
@@ -40,18 +49,18 @@ class TestEmployeurs : public QObject
 {
     Q_OBJECT
 
-    using Valeurs6 = QMap<ChampEmployeur, QString>;
+    using Valeurs6 = QMap<QString, QString>;
 
     static void colonnesDesFautes()
     {
-        QTest::addColumn<QMap<ChampEmployeur, QString>>("saisi");
+        QTest::addColumn<Valeurs6>("saisi");
         QTest::addColumn<QStringList>("boites");
-        QTest::addColumn<int>("focus");
+        QTest::addColumn<QString>("focus");
     }
 
-    static void faute(const char *nom, const Valeurs6 &saisi, const QStringList &boites, ChampEmployeur focus)
+    static void faute(const char *nom, const Valeurs6 &saisi, const QStringList &boites, const QString &focus)
     {
-        QTest::newRow(nom) << saisi << boites << static_cast<int>(focus);
+        QTest::newRow(nom) << saisi << boites << focus;
     }
 
 private slots:
@@ -60,9 +69,9 @@ private slots:
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(sur(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
         FicheEmployeur sansRien{u"87654321"_s, u"43"_s, u"ZED  "_s, u"Ici"_s, u"   "_s, u"  "_s};
-        QCOMPARE(rang(creerEmployeur(essai.base, sansRien, dialogue)), pasDeRefus);
+        QCOMPARE(sur(creerEmployeur(essai.base, sansRien, dialogue)), pasDeRefus);
         QCOMPARE(essai.lignes(tousLesEmployeurs),
                  (QStringList{u"12345678|SARL L'Étoile; \"Sud\"|3, rue d'en bas|0660112233|a@b.dz"_s,
                               u"87654321|ZED|Ici||"_s}));
@@ -71,7 +80,6 @@ private slots:
 
     void ajoutRefuse_data()
     {
-        using enum ChampEmployeur;
         colonnesDesFautes();
         const QString cle = u"Veillez saisir un numéro correct SVP"_s;
         const QString tel =
@@ -109,7 +117,7 @@ private slots:
     {
         QFETCH(Valeurs6, saisi);
         QFETCH(QStringList, boites);
-        QFETCH(int, focus);
+        QFETCH(QString, focus);
         BaseReference essai;
         DialogueScenario dialogue;
         // Written by another program: the list in memory does not know it.
@@ -120,7 +128,7 @@ private slots:
             champ(fiche, valeur.key()) = valeur.value();
         for (const QString &boite : boites)
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), focus);
+        QCOMPARE(sur(creerEmployeur(essai.base, fiche, dialogue)), focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(tousLesEmployeurs), avant);
     }
@@ -129,20 +137,17 @@ private slots:
     {
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(ctrlCleNouvelEmployeur(fiche, dialogue)), pasDeRefus);
-        QCOMPARE(rang(ctrlCleEmployeurModifie(fiche, dialogue)), pasDeRefus);
+        QCOMPARE(sur(ctrlCleEmployeur(Forme::Creation, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(sur(ctrlCleEmployeur(Forme::Modification, fiche, dialogue)), pasDeRefus);
         fiche.clemask = u"  "_s;
         dialogue.attendreAvertissement(u"Veillez saisir un numéro correct SVP"_s);
-        QCOMPARE(rang(ctrlCleNouvelEmployeur(fiche, dialogue)),
-                 static_cast<int>(ChampEmployeur::num_empmask));
+        QCOMPARE(sur(ctrlCleEmployeur(Forme::Creation, fiche, dialogue)), num_empmask);
         dialogue.attendreAvertissement(u"Veillez Saisir un Numéro Correct SVP"_s);
-        QCOMPARE(rang(ctrlCleEmployeurModifie(fiche, dialogue)),
-                 static_cast<int>(ChampEmployeur::num_empmask));
+        QCOMPARE(sur(ctrlCleEmployeur(Forme::Modification, fiche, dialogue)), num_empmask);
     }
 
     void modificationRefusee_data()
     {
-        using enum ChampEmployeur;
         colonnesDesFautes();
         faute("rien de change", {}, {u"Aucun Elément à Modifier"_s}, num_empmask);
         faute("cle", {{clemask, u"  "_s}, {Rais_SocEdit, u""_s}},
@@ -165,11 +170,11 @@ private slots:
     {
         QFETCH(Valeurs6, saisi);
         QFETCH(QStringList, boites);
-        QFETCH(int, focus);
+        QFETCH(QString, focus);
         BaseReference essai;
         DialogueScenario dialogue;
         FicheEmployeur fiche = correcte;
-        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(sur(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         essai.base.Cnx.executer(u"INSERT INTO employeur VALUES ('11111111', 'A', 'B', '', '')"_s);
         const QStringList avant = essai.lignes(tousLesEmployeurs);
@@ -179,7 +184,7 @@ private slots:
             champ(fiche, valeur.key()) = valeur.value();
         for (const QString &boite : boites)
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+        QCOMPARE(sur(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(tousLesEmployeurs), avant);
@@ -199,7 +204,7 @@ private slots:
         const FicheEmployeur lue = lireFicheEmployeur(essai.base.RsEmployeur.courant());
         QCOMPARE(lue.clemask, u"47"_s);
         fiche = {u"87654321"_s, u"43"_s, u"N'est; plus"_s, u"Là\nbas"_s, u"00 21 44 55"_s, u""_s};
-        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+        QCOMPARE(sur(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
                  pasDeRefus);
         QCOMPARE(essai.lignes(tousLesEmployeurs),
                  (QStringList{u"87654321|N'est; plus|Là bas|00214455|"_s, u"9|A|B|NULL|NULL"_s}));
@@ -213,7 +218,7 @@ private slots:
         fiche.num_empmask = u"12345678"_s;
         fiche.clemask = u"47"_s;
         QCOMPARE(
-            rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, courte, dialogue)),
+            sur(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, courte, dialogue)),
             pasDeRefus);
     }
 
@@ -280,12 +285,14 @@ private slots:
         QTest::addColumn<QStringList>("saisi");
         QTest::addColumn<bool>("ajout");
         QTest::addColumn<QString>("boite");
-        QTest::addColumn<int>("focus");
-        const int code = static_cast<int>(ChampBanque::CodeBnq);
-        const int abreviation = static_cast<int>(ChampBanque::AbreviatBnq);
-        const int libelle = static_cast<int>(ChampBanque::LibelleBnq);
+        QTest::addColumn<QString>("focus");
+        const QString code = u"CodeBnq"_s;
+        const QString abreviation = u"AbreviatBnq"_s;
+        const QString libelle = u"LibelleBnq"_s;
         const auto ligne = [](const char *nom, bool ajout, const QStringList &saisi, const QString &boite,
-                              int focus) { QTest::newRow(nom) << saisi << ajout << boite << focus; };
+                              const QString &focus) {
+            QTest::newRow(nom) << saisi << ajout << boite << focus;
+        };
         const QString positions = u" le code de la banque doit être sur 3 positions"_s;
 
         ligne("ajout", true, {u"003"_s, u"C'P"_s, u"Crédit;\r\nPop"_s}, {}, pasDeRefus);
@@ -313,7 +320,7 @@ private slots:
         QFETCH(QStringList, saisi);
         QFETCH(bool, ajout);
         QFETCH(QString, boite);
-        QFETCH(int, focus);
+        QFETCH(QString, focus);
         BaseReference essai;
         DialogueScenario dialogue;
         Base &base = essai.base;
@@ -325,9 +332,9 @@ private slots:
         FicheBanque fiche{saisi[0], saisi[1], saisi[2]};
         if (!boite.isEmpty())
             dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(ajout ? creerBanque(base, fiche, dialogue)
-                            : modifierBanque(base, base.RsBanque.courant(), fiche,
-                                             lireFicheBanque(base.RsBanque.courant()), dialogue)),
+        QCOMPARE(sur(ajout ? creerBanque(base, fiche, dialogue)
+                           : modifierBanque(base, base.RsBanque.courant(), fiche,
+                                            lireFicheBanque(base.RsBanque.courant()), dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
 
@@ -385,7 +392,7 @@ private slots:
                                     u"A"_s.repeated(50),     {}, {}};
             suivante.clemask = CleSS(suivante.num_empmask);
             try {
-                QCOMPARE(rang(creerEmployeur(essai.base, suivante, dialogue)), pasDeRefus);
+                QCOMPARE(sur(creerEmployeur(essai.base, suivante, dialogue)), pasDeRefus);
                 ++ajoutes;
             } catch (const ErreurBase &erreur) {
                 echec = erreur.texte();
@@ -399,7 +406,7 @@ private slots:
         essai.base.RsEmployeur.allerA(0);
         fiche = lue;
         fiche.telEdit.clear();
-        QCOMPARE(rang(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
+        QCOMPARE(sur(modifierEmployeur(essai.base, essai.base.RsEmployeur.courant(), fiche, lue, dialogue)),
                  pasDeRefus);
     }
 
@@ -423,7 +430,7 @@ private slots:
         QVERIFY(essai.base.RsEmployeur.vide());
 
         verrou.annuler();
-        QCOMPARE(rang(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
+        QCOMPARE(sur(creerEmployeur(essai.base, fiche, dialogue)), pasDeRefus);
     }
 
     /// A row that another program has changed or deleted since it was read is not overwritten.

@@ -1,3 +1,6 @@
+#include "employees/controleaffiliation.h"
+#include "reference/banques.h"
+#include "reference/employeurs.h"
 #include "rules/calendrier.h"
 #include "rules/dialogue.h"
 #include "screens/champmasque.h"
@@ -26,8 +29,9 @@ namespace {
 class DialogueComplaisant : public Dialogue
 {
 public:
-    QString choisirFichier(const QString &, const QString &) override { return {}; }
+    QString choisirFichier(const QString &, const QString &) override { return fichier; }
     QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
+    QString fichier;
     int boites = 0;
 
 protected:
@@ -213,6 +217,49 @@ private slots:
                 }
             }
         });
+    }
+
+    void controlesDesRefus_data()
+    {
+        QTest::addColumn<QString>("chemin");
+        QTest::addColumn<QList<QStringView>>("controles");
+        const auto ligne = [](const char *chemin, const auto &controles) {
+            QTest::newRow(chemin) << QString::fromLatin1(chemin)
+                                  << QList<QStringView>(controles.noms.begin(), controles.noms.end());
+        };
+        ligne("wImp ajouterBtn", controlesEmployeur);
+        ligne("wImp Command1", controlesEmployeur);
+        ligne("wbnq ajouterBtn", controlesBanque);
+        ligne("wbnq Command1", controlesBanque);
+        ligne("wsal cmdajt", controlesSalarie);
+        ligne("wsal cmdmodif", controlesSalarie);
+    }
+
+    /// What a refusal gives the focus to is there.
+    void controlesDesRefus()
+    {
+        QFETCH(QString, chemin);
+        QFETCH(QList<QStringView>, controles);
+        parcourir(chemin, [&](QWidget &fenetre) {
+            for (const QStringView nom : controles)
+                QVERIFY2(fenetre.findChild<QWidget *>(nom.toString()), qPrintable(nom.toString()));
+        });
+    }
+
+    /// The banks' window deletes the employer that is current, which an import that came to nothing moves
+    /// not.
+    void importSansSuite()
+    {
+        Base &base = m_donnees->base;
+        base.RsEmployeur.ajouter({{u"num_emp"_s, u"87654321"}, {u"rais_soc"_s, u"Z"}, {u"adresse"_s, u"Z"}});
+        base.RsEmployeur.allerA(0);
+        base.Cnx.executer(u"DELETE FROM entete_das"_s);
+        m_dialogue.fichier = m_donnees->fichier(
+            u"s.txt"_s, "KORVANDEL SALARIE VER 1.0\n11111111BATIR\n000000000000SANS DATE\n");
+        cliquer(ouvrir(u"wImpFichSal"_s), u"CmdImport"_s);
+        QCOMPARE(m_dialogue.boites, 1); // the employer that it would have added
+        cliquer(ouvrir(u"wbnq"_s), u"suppBtn"_s);
+        QCOMPARE(m_donnees->lignes(u"SELECT num_emp FROM employeur"_s), QStringList{u"87654321"_s});
     }
 
     void fermetures_data()

@@ -21,6 +21,10 @@ namespace {
 
 constexpr int LongueurAdresse = 50;
 
+constexpr Selon<Habillage> habillage{
+    {u"frm_add_sal", u"AFFILIATION SALARIE", u"cmdok", u"Créer"},
+    {u"frm_mod_sal", u"MODIFICATION AFFILIATION SALARIE", u"cmdok", u"Enregistrer"}};
+
 // Fields that hold the text already are left alone: their cursor and their undo would be lost.
 
 void mettre(QLineEdit &champ, const QString &texte)
@@ -62,12 +66,11 @@ bool vientDUnAutreControle(const QEvent &evenement)
 
 } // namespace
 
-EcranAffiliation::EcranAffiliation(Affiliation ecran, Contexte &contexte, QWidget *parent)
+EcranAffiliation::EcranAffiliation(Forme ecran, Contexte &contexte, QWidget *parent)
     : FenetreSaisie(contexte, parent), m_ui(std::make_unique<Ui::EcranAffiliation>()), m_ecran(ecran)
 {
     m_ui->setupUi(this);
-    setWindowTitle(difference::titre[ecran].toString());
-    m_ui->cmdok->setText(difference::boutonOk[ecran].toString());
+    habiller(habillage[ecran], *m_ui->cmdok);
     if (!difference::aLieuNaissance[ecran]) {
         delete m_ui->LabLieu;
         delete m_ui->lieu_naissedit;
@@ -119,7 +122,7 @@ void EcranAffiliation::suivreSaisie()
 
     if (difference::mailSelectionne[m_ecran])
         selectionnerALEntree(*m_ui->TxtEmail);
-    if (m_ecran == Affiliation::Creation)
+    if (m_ecran == Forme::Creation)
         recours.connecter(m_ui->CmbCommune, &QComboBox::activated, this, [this] { communeSansWilaya(); });
     else
         m_ui->CmbCommune->installEventFilter(this);
@@ -141,7 +144,7 @@ void EcranAffiliation::communeSansWilaya()
     if (m_ui->CmbWilaya->currentIndex() >= 0)
         return;
     const QString texte = difference::communeSansWilaya[m_ecran].toString();
-    if (m_ecran == Affiliation::Creation) {
+    if (m_ecran == Forme::Creation) {
         m_contexte.dialogue.avertir(texte);
     } else {
         m_contexte.dialogue.informer(texte);

@@ -17,7 +17,7 @@ class EcranAffiliation : public FenetreSaisie
     Q_OBJECT
 
 protected:
-    EcranAffiliation(Affiliation ecran, Contexte &contexte, QWidget *parent);
+    EcranAffiliation(Forme ecran, Contexte &contexte, QWidget *parent);
     ~EcranAffiliation() override;
 
     FicheSalarie lire() const;
@@ -41,5 +41,5 @@ private:
     void communeSansWilaya();
     void limiterAdresse();
 
-    const Affiliation m_ecran;
+    const Forme m_ecran;
 };

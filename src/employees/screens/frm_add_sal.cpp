@@ -8,9 +8,8 @@
 using namespace Qt::StringLiterals;
 
 frm_add_sal::frm_add_sal(Contexte &contexte, QWidget *parent)
-    : EcranAffiliation(Affiliation::Creation, contexte, parent)
+    : EcranAffiliation(Forme::Creation, contexte, parent)
 {
-    setObjectName(u"frm_add_sal"_s);
     delete m_ui->LblCpt_z; // an entry has no old number to keep
     montrer(ficheALOuverture());
     commencer();

@@ -7,9 +7,8 @@
 using namespace Qt::StringLiterals;
 
 frm_mod_sal::frm_mod_sal(Contexte &contexte, QWidget *parent)
-    : EcranAffiliation(Affiliation::Modification, contexte, parent)
+    : EcranAffiliation(Forme::Modification, contexte, parent)
 {
-    setObjectName(u"frm_mod_sal"_s);
     const FicheRemplie remplie = remplirFiche(contexte.base.RsSalarie.courant(), contexte.base.Cnx);
     m_ancien = remplie.ancien;
     m_ui->LblCpt_z->setText(QString::number(m_ancien.cpt_z));

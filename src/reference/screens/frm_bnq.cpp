@@ -1,8 +1,7 @@
 #include "reference/screens/frm_bnq.h"
 
 #include "reference/banques.h"
-#include "reference/screens/add_bnq.h"
-#include "reference/screens/mod_bnq.h"
+#include "reference/screens/ecranbanque.h"
 #include "screens/contexte.h"
 #include "storage/base.h"
 #include "ui_frm_bnq.h"
@@ -23,7 +22,7 @@ Frm_BNQ::Frm_BNQ(Contexte &contexte)
     connect(&contexte.base.RsBanque, &QAbstractItemModel::modelReset, this, &Frm_BNQ::permettre);
     connect(&contexte.base.RsBanque, &QAbstractItemModel::rowsInserted, this, &Frm_BNQ::permettre);
     surClic(m_ui->ajouterBtn, [this] { ajouter(); });
-    surClic(m_ui->Command1, [this] { mod_bnq(m_contexte, this).exec(); });
+    surClic(m_ui->Command1, [this] { EcranBanque(Forme::Modification, m_contexte, this).exec(); });
     surClic(m_ui->suppBtn, [this] { supprimer(); });
 }
 
@@ -31,8 +30,8 @@ Frm_BNQ::~Frm_BNQ() = default;
 
 void Frm_BNQ::ajouter()
 {
-    add_bnq fenetre(m_contexte, this);
-    connect(&fenetre, &add_bnq::ajoutee, this, [this] {
+    EcranBanque fenetre(Forme::Creation, m_contexte, this);
+    connect(&fenetre, &EcranBanque::ajoutee, this, [this] {
         m_plusDEmployeur = false;
         permettre();
     });

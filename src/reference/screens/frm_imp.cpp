@@ -1,8 +1,7 @@
 #include "reference/screens/frm_imp.h"
 
 #include "reference/employeurs.h"
-#include "reference/screens/add_emp.h"
-#include "reference/screens/mod_emp.h"
+#include "reference/screens/ecranemployeur.h"
 #include "screens/contexte.h"
 #include "storage/base.h"
 #include "ui_frm_imp.h"
@@ -25,7 +24,7 @@ Frm_imp::Frm_imp(Contexte &contexte)
             {u"tel"_s, u"Téléphone"_s},
             {u"Mail"_s, u"E-mail"_s}});
     surClic(m_ui->ajouterBtn, [this] { ajouter(); });
-    surClic(m_ui->Command1, [this] { mod_emp(m_contexte, this).exec(); });
+    surClic(m_ui->Command1, [this] { EcranEmployeur(Forme::Modification, m_contexte, this).exec(); });
     surClic(m_ui->suppBtn, [this] { supprimer(); });
 }
 
@@ -34,7 +33,7 @@ Frm_imp::~Frm_imp() = default;
 void Frm_imp::ajouter()
 {
     if (!m_ajout)
-        m_ajout = new add_emp(m_contexte, this);
+        m_ajout = new EcranEmployeur(Forme::Creation, m_contexte, this);
     if (m_ajout->exec() == QDialog::Rejected)
         delete std::exchange(m_ajout, nullptr);
 }

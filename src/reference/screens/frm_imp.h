@@ -7,7 +7,7 @@
 namespace Ui {
 class Frm_imp;
 }
-class add_emp;
+class EcranEmployeur;
 
 /// The employers.
 class Frm_imp : public FenetreTable
@@ -24,5 +24,5 @@ private:
 
     std::unique_ptr<Ui::Frm_imp> m_ui;
     /// As the last entry left it, fields reset; none before the first.
-    add_emp *m_ajout = nullptr;
+    EcranEmployeur *m_ajout = nullptr;
 };
