@@ -60,12 +60,10 @@ constexpr ChampExport champsLigne[] = {
 
 constexpr FormatExport format{fonds::MarqueDas, champsEntete, champsLigne};
 
-/// Whether the declared figures are those of the lines; a figure that is Null counts as zero.
-bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
+/// Tells when the declared figures are not those of the lines.
+bool ctrlSommes(const Enregistrement &entete, Dialogue &dialogue)
 {
-    const Currency rien;
-    if (entete.montant(u"sum_calc", rien) == entete.montant(u"sum_annuel", rien) &&
-        entete.entier(u"total_calc", 0) == entete.entier(u"total_salarie", 0))
+    if (sommesConcordent(entete))
         return true;
     dialogue.avertir(u"La somme des salaires annuels ou le nombre de salaries saisis dans l'en-tête DAS ne "
                      "correspondent pas aux sommes calculées sur les lignes de cette DAS.\nVerifiez vos "
@@ -74,6 +72,13 @@ bool sommesConcordent(const Enregistrement &entete, Dialogue &dialogue)
 }
 
 } // namespace
+
+bool sommesConcordent(const Enregistrement &entete)
+{
+    const Currency rien;
+    return entete.montant(u"sum_calc", rien) == entete.montant(u"sum_annuel", rien) &&
+           entete.entier(u"total_calc", 0) == entete.entier(u"total_salarie", 0);
+}
 
 void ecrireDas(Base &base, const Enregistrement &entete, QIODevice &fichier)
 {
@@ -86,7 +91,7 @@ bool exporterDas(Base &base, bool cheminFige, Dialogue &dialogue)
     const CleDeclaration cle = cleEntete(genreDas(), entete);
     const QString nom = cle.employeur + u"_DAS_"_s + cle.periode + u".txt"_s;
     const ExportDeclaration declaration{
-        .controler = [&] { return sommesConcordent(entete, dialogue) && CtrlDas(base, dialogue); },
+        .controler = [&] { return ctrlSommes(entete, dialogue) && CtrlDas(base, dialogue); },
         .nomFige = nom,
         .nomPropose = nom,
         .titre = u"Exporter Fichier"_s,

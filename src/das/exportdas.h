@@ -5,6 +5,9 @@ class Dialogue;
 class Enregistrement;
 class QIODevice;
 
+/// Whether the declared figures are those of the lines; a figure that is Null counts as zero.
+bool sommesConcordent(const Enregistrement &entete);
+
 /// Writes the annual declaration of a header: format mark, header, one line for every line of it whose
 /// employee is in the table. Lines end in CR LF, texts are in windows-1252, nothing is escaped.
 /// @throws ErreurConversion for a Null in a field that must be filled

@@ -13,34 +13,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void echouer(const QString &chemin, const QString &cause)
-{
-    throw ErreurFichier(
-        u"Le fichier « %1 » ne peut pas être écrit.\n%2"_s.arg(QDir::toNativeSeparators(chemin), cause));
-}
-
-/// A name that stays in its folder, on any system: what is told of a declaration may come from a file.
-QString nomDeFichier(QString nom)
-{
-    for (QChar &c : nom) {
-        if (c < u' ' || c == u'\x7F' || QStringView(u"/\\:*?\"<>|").contains(c))
-            c = u'_';
-    }
-    return nom;
-}
-
 /// Opens the file in place of what is there and writes it.
 void ecrireFichier(const QString &chemin, const ExportDeclaration &declaration)
 {
     QFile fichier(chemin);
     if (!creerPrive(fichier))
-        echouer(chemin, fichier.errorString());
+        throw erreurEcriture(chemin, fichier.errorString());
     declaration.ecrire(fichier);
     std::error_code erreur = mettreSurDisque(fichier);
     if (!erreur)
         erreur = mettreNomsSurDisque(QFileInfo(chemin).absolutePath());
     if (erreur)
-        echouer(chemin, causeSysteme(erreur));
+        throw erreurEcriture(chemin, causeSysteme(erreur));
 }
 
 QString ecrireAuDossierFixe(const ExportDeclaration &declaration)

@@ -39,6 +39,9 @@ public:
     using Erreur::Erreur;
 };
 
+/// The failure to write a file. @param cause as the system tells it
+ErreurFichier erreurEcriture(const QString &chemin, const QString &cause);
+
 /// A failure after which the program can't go on: it is shown, and the program ends in good order with exit
 /// code 1.
 class ErreurFatale : public Erreur

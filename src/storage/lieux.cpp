@@ -24,3 +24,12 @@ QString cheminWilayas() { return dossierDas() + u"/Wilayas.txt"; }
 QString cheminCountry() { return dossierDas() + u"/Country.txt"; }
 
 QString dossierExpor() { return dossierDas() + u"/expor"; }
+
+QString nomDeFichier(QString nom)
+{
+    for (QChar &c : nom) {
+        if (c < u' ' || c == u'\x7F' || QStringView(u"/\\:*?\"<>|").contains(c))
+            c = u'_';
+    }
+    return nom;
+}

@@ -19,3 +19,6 @@ QString cheminCountry();
 
 /// Where the exports to the fixed folder go.
 QString dossierExpor();
+
+/// A file's name that stays in its folder, on any system: what is told of a declaration may come from a file.
+QString nomDeFichier(QString nom);

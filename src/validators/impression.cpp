@@ -4,21 +4,35 @@
 
 using namespace Qt::StringLiterals;
 
-void composerListe(const ListesErreurs &listes, const QString &titre,
-                   const std::function<void(const QString &)> &ligne)
+namespace {
+
+QString erreurImprimee(const ListesErreurs &listes, qsizetype rang)
 {
-    ligne({});
-    ligne(u'\t' + titre);
-    ligne({});
-    for (qsizetype i = 0; i < listes.taille(); ++i) {
-        const qint64 numero = listes.O[static_cast<std::size_t>(i)];
-        if (i > 0 && listes.O[static_cast<std::size_t>(i - 1)] == numero) {
-            ligne(QString(15, u' ') + listes.E[i]);
-            continue;
-        }
-        ligne({});
-        ligne(u"  Ligne N°: "_s + QString::number(numero) + u", \tN° SS: "_s + listes.N[i] + u", \tNom : "_s +
-              listes.NP[i]);
-        ligne(u"  Erreur : "_s + listes.E[i]);
-    }
+    const qint64 numero = listes.O[static_cast<std::size_t>(rang)];
+    if (rang > 0 && listes.O[static_cast<std::size_t>(rang - 1)] == numero)
+        return QString(15, u' ') + listes.E[rang];
+    return u"\n  Ligne N°: "_s + QString::number(numero) + u", \tN° SS: " + listes.N[rang] + u", \tNom : " +
+           listes.NP[rang] + u"\n  Erreur : " + listes.E[rang];
+}
+
+} // namespace
+
+Document listeImprimee(const ListesErreurs &listes, const QString &titre)
+{
+    constexpr double margeMm = 12;
+    constexpr double largeurMm = 210 - 2 * margeMm;
+    Document document{.nom = u"ApercuListe"_s,
+                      .titre = titre,
+                      .fichier = titre + u".pdf",
+                      .marge = margeMm,
+                      .numerote = true};
+    document.tableau = {.colonnes = {{{}, largeurMm}},
+                        .corps = 12,
+                        .regle = false,
+                        .nombre = 1 + listes.taille(),
+                        .cellule = [&listes, titre](qsizetype rang, int) {
+                            return rang == 0 ? QString(u"\n\t" + titre + u'\n')
+                                             : erreurImprimee(listes, rang - 1);
+                        }};
+    return document;
 }

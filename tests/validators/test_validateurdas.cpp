@@ -457,13 +457,15 @@ private slots:
 
     // Word by word: a block for each line of the file, and the words paired by rank, so that those of an
     // earlier extraction stand with the lines of the next.
-    void listeImprimee()
+    void impression()
     {
         ListesErreurs listes;
         const auto imprimee = [&listes] {
-            QStringList lignes;
-            composerListe(listes, u"TITRE"_s, [&](const QString &ligne) { lignes += ligne; });
-            return lignes.join(u'\n');
+            const Document document = listeImprimee(listes, u"TITRE"_s);
+            QStringList rangees;
+            for (qsizetype rang = 0; rang < document.tableau.nombre; ++rang)
+                rangees += document.tableau.cellule(rang, 0);
+            return rangees.join(u'\n');
         };
         listes.ajouter(u"entrée 1", 3, u"801234000168", u"BENALI Karim", u"mots 1");
         listes.ajouter(u"entrée 2", 3, u"801234000168", u"BENALI Karim", u"mots 2");

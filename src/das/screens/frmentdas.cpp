@@ -1,12 +1,14 @@
 #include "das/screens/frmentdas.h"
 
 #include "das/exportdas.h"
+#include "das/formulaires.h"
 #include "das/genredas.h"
 #include "das/screens/frm_mod_ent.h"
 #include "das/screens/frmlndas.h"
 #include "rules/dialogue.h"
 #include "screens/contexte.h"
 #include "screens/focus.h"
+#include "screens/impression.h"
 #include "storage/base.h"
 #include "ui_frmentdas.h"
 
@@ -21,7 +23,8 @@ frmentdas::frmentdas(Contexte &contexte)
             .fermer = m_ui->Command1,
             .modifier = m_ui->cmddetail,
             .supprimer = m_ui->cmdDelete,
-            .autres = {m_ui->cmdmod, m_ui->cmdsup, m_ui->cmdexpor}},
+            .autres = {m_ui->cmdmod, m_ui->cmdsup, m_ui->cmdexpor, m_ui->Cmdprint, m_ui->CmdPrintLn,
+                       m_ui->CmdCD}},
            {{u"num_emp"_s, u"N° employeur"_s},
             {u"annee"_s, u"Année"_s},
             {u"Type"_s, u"DAS"_s},
@@ -42,6 +45,17 @@ frmentdas::frmentdas(Contexte &contexte)
     surClic(m_ui->cmddetail, [this] { ouvrirLignes(); });
     surClic(m_ui->cmdexpor,
             [this, &base] { exporterDas(base, m_ui->chkChemin->isChecked(), m_contexte.dialogue); });
+    const auto imprimer = [this](QAbstractButton *bouton, auto formulaire) {
+        surClic(bouton, [this, formulaire] {
+            const std::optional<Document> document =
+                formulaire(m_contexte.base, m_contexte.base.RsEnteteDas.courant(), m_contexte.dialogue);
+            if (document)
+                montrerApercu(*document, m_contexte, this);
+        });
+    };
+    imprimer(m_ui->Cmdprint, DataReport1);
+    imprimer(m_ui->CmdPrintLn, DataReport3);
+    imprimer(m_ui->CmdCD, DataReport2);
     connect(m_ui->sumedit, &QLineEdit::returnPressed, m_ui->total_salEdit,
             [this] { reprendreSaisie(*m_ui->total_salEdit); });
     connect(m_ui->total_salEdit, &QLineEdit::returnPressed, m_ui->cmdajt, &QPushButton::click);

@@ -4,7 +4,8 @@
 #include "screens/contexte.h"
 #include "screens/dernierrecours.h"
 #include "screens/focus.h"
-#include "screens/impressiontexte.h"
+#include "screens/impression.h"
+#include "screens/miseenpage.h"
 #include "validators/impression.h"
 #include "validators/screens/modeleerreurs.h"
 
@@ -90,6 +91,8 @@ void FrmValidateur::relier()
     surClic(u"CmdExtFichier"_s, [this] { extraire(); });
     surClic(u"CmdImprimer"_s, [this] { imprimer(m_validateur->rejets); });
     surClic(u"CmdImprimerOK"_s, [this] { imprimer(m_validateur->sansIncidence); });
+    surClic(u"CmdApercu"_s, [this] { montrer(m_validateur->rejets); });
+    surClic(u"CmdApercuOK"_s, [this] { montrer(m_validateur->sansIncidence); });
     fermerPar(*findChild<QPushButton *>(u"cmdexit"_s), *this);
 }
 
@@ -194,15 +197,15 @@ void FrmValidateur::imprimer(const ListesErreurs &listes)
 {
     if (listes.taille() == 0)
         return;
-    QPrinter imprimante;
-    imprimante.setPageSize(QPageSize(QPageSize::A4));
-    if (!CDImprimer(imprimante))
-        return;
-    ImpressionTexte impression(imprimante);
-    for (int copie = 0; copie < impression.copies(); ++copie) {
-        impression.nouveauDocument();
-        composerListe(listes, m_validateur->titreImpression(listes),
-                      [&](const QString &ligne) { impression.ligne(ligne); });
-    }
-    impression.finir();
+    const MiseEnPage pages(listeImprimee(listes, m_validateur->titreImpression(listes)));
+    QPrinter imprimante(QPrinter::HighResolution);
+    preparer(imprimante, pages);
+    if (CDImprimer(imprimante))
+        ::imprimer(pages, imprimante);
+}
+
+void FrmValidateur::montrer(const ListesErreurs &listes)
+{
+    if (listes.taille() > 0)
+        montrerApercu(listeImprimee(listes, m_validateur->titreImpression(listes)), m_contexte, this);
 }

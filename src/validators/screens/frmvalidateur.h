@@ -15,8 +15,8 @@ class QTabWidget;
 struct Contexte;
 
 /// What the screens of the validators share: the choice of the file, the extraction with its progress, the
-/// two tables of errors and their print. A screen brings its controls, under the names that are the same on
-/// all, and labels named as its validator names them.
+/// two tables of errors, their print and its preview. A screen brings its controls, under the names that are
+/// the same on all, and labels named as its validator names them.
 class FrmValidateur : public QWidget
 {
     Q_OBJECT
@@ -45,6 +45,7 @@ private:
     void avancer(qint64 lus, qint64 total);
     void actualiser();
     void imprimer(const ListesErreurs &listes);
+    void montrer(const ListesErreurs &listes);
 
     std::unique_ptr<Validateur> m_validateur;
     QList<ModeleErreurs *> m_modeles;

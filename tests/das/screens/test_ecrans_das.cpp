@@ -188,8 +188,6 @@ private slots:
         QCOMPARE(base().RsEnteteDas.nombre(), 1);
         QCOMPARE(texte(*entetes, u"sumedit"_s) + u'|' + texte(*entetes, u"total_salEdit"_s), u"|00000"_s);
         QCOMPARE(texte(*entetes, u"calcsumEdit"_s), QString());
-        for (const QString &bouton : {u"Cmdprint"_s, u"CmdPrintLn"_s, u"CmdCD"_s})
-            QVERIFY(!champ(*entetes, bouton)->isEnabled());
 
         frmlndas *lignes = ouvrirLignes(*entetes);
         QCOMPARE(etiquette(*lignes, u"LabCampagne"_s), u" Campagne     :   2024"_s);
@@ -278,6 +276,13 @@ private slots:
                          u";BENALI"_s + suite + u"600000,5;12;M;01/07/2023"_s + fin + BaseDas::numero(2) +
                          u";D'ARC"_s + suite + u"600000;12;M;01/07/2023"_s + fin + u"000000000000;NOUVEAU"_s +
                          suite + u"50000;8;H;10/06/2024"_s + fin));
+
+        for (const auto &[bouton, formulaire] :
+             {std::pair(u"Cmdprint"_s, u"DataReport1"_s), {u"CmdPrintLn"_s, u"DataReport3"_s},
+              {u"CmdCD"_s, u"DataReport2"_s}}) {
+            dansLaFenetre([&](QWidget &apercu) { QCOMPARE(apercu.objectName(), formulaire); });
+            cliquer(*entetes, bouton);
+        }
 
         const auto valideur = ouvrir(new FrmDasValide(*m_contexte));
         m_dialogue.attendreFichier(chemin);

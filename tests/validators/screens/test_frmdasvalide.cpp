@@ -255,6 +255,7 @@ private slots:
         QTest::mouseClick(bouton, Qt::LeftButton);
         const qsizetype uneCopie = pages(pdf);
         QVERIFY(uneCopie >= 2);
+        QVERIFY(!(QFile::permissions(pdf) & (QFile::ReadGroup | QFile::ReadOther)));
         copies = 3;
         QTest::mouseClick(bouton, Qt::LeftButton);
         QCOMPARE(pages(pdf), 3 * uneCopie);

@@ -1,0 +1,251 @@
+#include "das/formulaires.h"
+#include "das/genredas.h"
+#include "rules/calendrier.h"
+#include "rules/erreurs.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
+#include "screens/francais.h"
+#include "screens/impression.h"
+#include "screens/miseenpage.h"
+#include "tests/commun/dialoguescenario.h"
+#include "tests/commun/menutemoin.h"
+#include "tests/das/basedas.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPrintPreviewDialog>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A sheet in hundredths of a millimetre that keeps the words painted on it, with their places.
+class Releve : public QPaintDevice, private QPaintEngine
+{
+public:
+    struct Mot
+    {
+        QString texte;
+        qreal gauche;
+        qreal droite;
+        qreal y;
+    };
+
+    Releve(const MiseEnPage &pages, int page) : QPaintEngine(AllFeatures)
+    {
+        QPainter peintre(this);
+        pages.peindre(peintre, page,
+                      {QPointF(), pages.feuille().fullRect(QPageLayout::Millimeter).size() * 100});
+    }
+
+    QList<Mot> mots;
+
+    QString texte() const
+    {
+        QStringList textes;
+        for (const Mot &mot : mots)
+            textes += mot.texte;
+        return textes.join(u'|');
+    }
+
+protected:
+    QPaintEngine *paintEngine() const override { return const_cast<Releve *>(this); }
+    int metric(PaintDeviceMetric mesure) const override
+    {
+        return mesure == PdmDevicePixelRatioScaled ? 0x10000 : mesure == PdmDepth ? 32 : 30'000;
+    }
+
+private:
+    bool begin(QPaintDevice *) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState &) override {}
+    void drawPath(const QPainterPath &) override {}
+    void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { QFAIL("no pixmap"); }
+    void drawTextItem(const QPointF &place, const QTextItem &mot) override
+    {
+        const QPointF coin = painter()->combinedTransform().map(place);
+        mots += {mot.text(), coin.x(), coin.x() + mot.width(), coin.y()};
+    }
+};
+
+const QString sommes = u"La somme des salaires annuels ou le nombre de salaries saisis dans l'entête ne "
+                       "correspondent pas aux sommes calculées sur les lignes de cette DAS.\n"_s;
+
+} // namespace
+
+/// The printed forms of the annual declaration, from the rows to the words on the sheets.
+class TestFormulaires : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<BaseDas> m_donnees;
+    DialogueScenario m_dialogue;
+
+    Enregistrement entete() { return m_donnees->base.RsEnteteDas.courant(); }
+    QString imprime(const std::optional<Document> &document)
+    {
+        return document ? Releve(MiseEnPage(*document), 1).texte() : QString();
+    }
+
+private slots:
+    void initTestCase() { parlerFrancais(*qApp); }
+    void init() { m_donnees = std::make_unique<BaseDas>(); }
+    void cleanup() { QVERIFY(m_dialogue.acheve()); }
+
+    void formulaires_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("accordees");
+        QTest::newRow("principal") << 1 << true;
+        QTest::newRow("complementary") << 3 << true;
+        QTest::newRow("sums differ") << 1 << false;
+    }
+
+    void formulaires()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, accordees);
+        const QString condition = type == 1 ? QString() : u"(Complémentaire)"_s;
+        m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"D'ARC & CO"}});
+        for (const int das : {type, type + 1}) { // the other declaration's leaver is not counted
+            m_donnees->entete(das);
+            m_donnees->ligne(BaseDas::numero(1), 1, {{u"type_date_es"_s, u"S"}}, das);
+        }
+        if (accordees)
+            m_donnees->accorder();
+        m_donnees->base.RsEnteteDas.allerA(
+            m_donnees->base.RsEnteteDas.chercher({{u"annee"_s, 2024}, {u"Type"_s, type}}));
+
+        if (!accordees) {
+            m_donnees->base.Cnx.executer(u"UPDATE entete_das SET total_salarie = 7"_s);
+            m_donnees->base.RsEnteteDas.requery();
+            m_dialogue.attendreAvertissement(sommes + u"Verifiez vos lignes DAS SVP"_s);
+            m_dialogue.attendreQuestion(sommes + u"Voulez vous imprimer malgrès tout?"_s, false);
+            m_dialogue.attendreQuestion(sommes + u"Voulez vous imprimer malgrès tout?"_s, true);
+            QVERIFY(!DataReport1(m_donnees->base, entete(), m_dialogue));
+            QVERIFY(!DataReport3(m_donnees->base, entete(), m_dialogue));
+        } else {
+            QCOMPARE(
+                imprime(DataReport1(m_donnees->base, entete(), m_dialogue)),
+                u"KORVANDEL|KORVANDEL|DECLARATION ANNUELLE DES SALAIRES ET SALARIÉS (DAS)|"_s + condition +
+                    (condition.isEmpty() ? u""_s : u"|"_s) +
+                    u"(A émettre à la caisse au plus tard le 31 Juillet de l'année de référence)|Année de "
+                    "réference|2024|Nom ou raison sociale de l'entreprise|SARL L'Étoile|Numéro employeur|"
+                    "12345678|Adresse de l'employeur|3, rue d'en bas|Numéro de téléphone|Montant total "
+                    "des salaires|600 000.00|Nombre de travailleurs employés|pendant l'année de "
+                    "référence|1|Nombre de travailleurs débauchés|pendant l'année de réference|1|Date, "
+                    "signature et cachet de l'employeur:|Pièces à joindre:|–|Attestation d'indemnisation "
+                    "\"CNAS\" pour maladie, maternité ou accident de travail; fiche familliale;|–|Carte "
+                    "d'handicap des travailleurs concernés."_s);
+        }
+        const QString lignes = imprime(DataReport3(m_donnees->base, entete(), m_dialogue));
+        QVERIFY2(lignes.contains(u"|D'ARC & CO|JEAN|04/03/1988|12 M|600 000.00|MAÇON|"), qPrintable(lignes));
+        QCOMPARE(lignes.contains(u"(Complémentaire)"), !condition.isEmpty());
+        QCOMPARE(imprime(DataReport2(m_donnees->base, entete(), m_dialogue)),
+                 u"KORVANDEL|Employeur|12345678|SARL L'Étoile|Année|2024|Numéro:|3, rue d'en bas"_s +
+                     (condition.isEmpty() ? condition : u'|' + condition));
+
+        m_donnees->base.Cnx.executer(u"DELETE FROM employeur"_s);
+        if (accordees)
+            QVERIFY_THROWS_EXCEPTION(ErreurBase, DataReport1(m_donnees->base, entete(), m_dialogue));
+        else
+            m_dialogue.attendreQuestion(sommes + u"Voulez vous imprimer malgrès tout?"_s, true);
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, DataReport2(m_donnees->base, entete(), m_dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, DataReport3(m_donnees->base, entete(), m_dialogue));
+    }
+
+    /// Null figures of a header without lines.
+    void enteteVide()
+    {
+        m_donnees->entete();
+        const QString texte = imprime(DataReport1(m_donnees->base, entete(), m_dialogue));
+        QVERIFY2(texte.contains(u"|0.00|Nombre de travailleurs employés|pendant l'année de référence|0|"),
+                 qPrintable(texte));
+        QVERIFY(imprime(DataReport3(m_donnees->base, entete(), m_dialogue)).endsWith(u"|Page 1 de 1"));
+    }
+
+    /// Addresses that wrap, on pages of which none parts a row or lacks its head.
+    void pages()
+    {
+        m_donnees->entete();
+        for (int i = 1; i <= 90; ++i) {
+            const QString adresse = u"debut%1 "_s.arg(i) + QString(i % 33, u'W') + u" %1fin"_s.arg(i);
+            m_donnees->ajouter(BaseDas::numero(i), 1, {{u"adresse"_s, adresse}});
+            m_donnees->ligne(BaseDas::numero(i), 1, {{u"sal_annuel"_s, Currency::deEntier(37 * i * i)}});
+        }
+        m_donnees->accorder();
+        const MiseEnPage pages(*DataReport3(m_donnees->base, entete(), m_dialogue));
+        QVERIFY(pages.pages() > 2);
+        int rang = 1;
+        for (int page = 1; page <= pages.pages(); ++page) {
+            const Releve releve(pages, page);
+            QVERIFY2(releve.texte().startsWith(u"DAS KORVANDEL|Lignes DAS|Employeur|SARL L'Étoile|Année|2024|"
+                                               "Numéro employeur|12345678|DAS|1| N° SS| Nom| Prénom|Date de|"
+                                               "naissance| Durée de|travail| Salaire annuel| Fonction| "
+                                               "Adresse| Compte CCP| Compte bancaire|"),
+                     qPrintable(releve.texte()));
+            QCOMPARE(releve.mots.last().texte, u"Page %1 de %2"_s.arg(page).arg(pages.pages()));
+            qreal droite = 0;
+            qreal bas = 0;
+            for (const Releve::Mot &mot : releve.mots) {
+                QVERIFY2(mot.gauche >= 1000 && mot.droite <= 28'700 && mot.y <= 20'000,
+                         qPrintable(mot.texte));
+                if (mot.texte == BaseDas::numero(rang)) {
+                    QVERIFY(mot.y > bas);
+                } else if (mot.texte ==
+                           formatMasque(Currency::deEntier(37 * rang * rang), u"## ### ### ###.00")) {
+                    QVERIFY(droite == 0 || std::abs(mot.droite - droite) < 2);
+                    droite = mot.droite;
+                } else if (mot.texte.endsWith(u"%1fin"_s.arg(rang))) {
+                    bas = mot.y;
+                    ++rang;
+                }
+            }
+            QVERIFY2(droite > 0, "no amounts");
+            QVERIFY(releve.texte().contains(u"|debut%1"_s.arg(rang - 1)));
+        }
+        QCOMPARE(rang, 91);
+    }
+
+    /// Saved from the preview: words with their font in a file of the owner alone, in place of what was
+    /// there.
+    void apercu()
+    {
+        const QString pdf = m_donnees->fichier(u"jaquette.pdf"_s, "before");
+        m_donnees->entete();
+        DernierRecours recours(m_dialogue, [] {});
+        MenuTemoin menu;
+        BornesDePeriode bornes;
+        Contexte contexte{m_donnees->base, m_dialogue, recours, bornes, menu};
+        m_dialogue.attendreDestination(u"12345678_DAS_2024_CD.pdf"_s, pdf);
+        m_dialogue.attendreInformation(u"Document enregistré vers "_s + pdf);
+        m_dialogue.attendreDestination(u"12345678_DAS_2024_CD.pdf"_s, pdf + u"/non"_s);
+        m_dialogue.attendreCritique(
+            u"Le fichier « %1/non » ne peut pas être écrit.\nNot a directory"_s.arg(pdf));
+        QTimer::singleShot(0, qApp, [&] {
+            auto *fenetre = qobject_cast<QPrintPreviewDialog *>(QApplication::activeModalWidget());
+            QCOMPARE(fenetre->objectName() + u'|' + fenetre->windowTitle(), u"DataReport2|Jaquette CD"_s);
+            fenetre->findChild<QAction *>(u"EnregistrerPdf"_s)->trigger();
+            fenetre->findChild<QAction *>(u"EnregistrerPdf"_s)->trigger();
+            fenetre->close();
+        });
+        montrerApercu(*DataReport2(m_donnees->base, entete(), m_dialogue), contexte, nullptr);
+
+        QFile fichier(pdf);
+        QCOMPARE(fichier.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther),
+                 QFile::Permissions());
+        QVERIFY(fichier.open(QIODevice::ReadOnly));
+        const QByteArray octets = fichier.readAll();
+        QVERIFY(octets.startsWith("%PDF") && octets.contains("/FontFile2") && octets.contains("/ToUnicode"));
+        QVERIFY(!octets.contains("/Subtype /Image"));
+    }
+};
+
+QTEST_MAIN(TestFormulaires)
+#include "test_formulaires.moc"
