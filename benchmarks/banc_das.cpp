@@ -89,7 +89,7 @@ void controler(benchmark::State &etat)
     BaseDas &essai = declaration(etat.range(0));
     Muet muet;
     for (auto _ : etat) {
-        if (!CtrlDas(essai.base, muet))
+        if (!CtrlDas(essai.base, essai.base.RsEnteteDas.courant(), muet))
             etat.SkipWithError("refused");
     }
 }

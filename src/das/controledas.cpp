@@ -42,15 +42,14 @@ class Passe
 {
 public:
     Passe(Base &base, const Enregistrement &entete, Dialogue &dialogue)
-        : m_base(base), m_entete(entete), m_cle(cleEntete(genreDas(), entete)), m_dialogue(dialogue)
+        : m_base(base), m_entete(entete), m_dialogue(dialogue)
     {
     }
 
     bool derouler()
     {
-        Requete lignes =
-            m_base.Cnx.lire(u"SELECT "_s + colonnes + lignesEtSalaries(m_base, genreDas(), m_cle),
-                            lignesDe(genreDas(), m_cle).valeurs);
+        const GenreDeclaration &das = genreDas();
+        Requete lignes = lireAvecSalaries(m_base, das, lignesDe(das, cleEntete(das, m_entete)), colonnes);
         while (lignes.suivante()) {
             if (!ligne(lignes))
                 return false;
@@ -116,7 +115,7 @@ private:
         if (ligne.texte(TypeES) != u"E")
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP ");
         const QDate entree = lireDate(ligne.texte(DateES));
-        const int annee = m_cle.periode.toInt();
+        const int annee = static_cast<int>(m_entete.entier(u"annee"));
         if (entree < limiteSansNumero(annee))
             return refuser(ligne, u" n'est pas valide, veuillez le renseigner SVP");
         if (entree > finCampagne(annee))
@@ -180,7 +179,6 @@ private:
 
     Base &m_base;
     Enregistrement m_entete;
-    CleDeclaration m_cle;
     Dialogue &m_dialogue;
     qint64 m_bonsNumeros = 0;
     qint64 m_nationaux = 0;
@@ -189,7 +187,7 @@ private:
 
 } // namespace
 
-bool CtrlDas(Base &base, Dialogue &dialogue)
+bool CtrlDas(Base &base, const Enregistrement &entete, Dialogue &dialogue)
 {
-    return Passe(base, base.RsEnteteDas.courant(), dialogue).derouler();
+    return Passe(base, entete, dialogue).derouler();
 }

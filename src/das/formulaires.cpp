@@ -1,6 +1,5 @@
 #include "das/formulaires.h"
 
-#include "das/exportdas.h"
 #include "das/genredas.h"
 #include "declarations/declaration.h"
 #include "rules/date.h"
@@ -16,7 +15,10 @@ namespace {
 
 constexpr double CoteLogo = 18;
 
-QString condition(const CleDeclaration &cle) { return cle.type == 1 ? QString() : u"(Complémentaire)"_s; }
+QString condition(const CleDeclaration &cle)
+{
+    return cle.texte(u"Type").toLongLong() > 1 ? u"(Complémentaire)"_s : QString();
+}
 
 /// The header with its employer, or the employer alone.
 Enregistrement lireEmployeur(Base &base, const QString &sql, const Valeurs &valeurs,
@@ -26,7 +28,7 @@ Enregistrement lireEmployeur(Base &base, const QString &sql, const Valeurs &vale
     if (lu.estVide()) {
         throw ErreurBase(
             u"Il n'y a rien à imprimer : l'employeur n° %1 ou son entête DAS n'existe plus dans la base."_s
-                .arg(cle.employeur));
+                .arg(cle.texte(u"num_emp")));
     }
     return lu;
 }
@@ -37,7 +39,9 @@ Enregistrement lireEnteteEtEmployeur(Base &base, const CleDeclaration &cle)
                          u"SELECT d.num_emp, annee, sum_calc, total_calc, rais_soc, adresse, tel "
                          "FROM entete_das AS d INNER JOIN employeur AS e ON e.num_emp = d.num_emp "
                          "WHERE d.num_emp = ? AND annee = ? AND Type = ?"_s,
-                         {cle.employeur, cle.periode, cle.type}, cle);
+                         {Valeur::brute(cle.valeur(u"num_emp")), Valeur::brute(cle.valeur(u"annee")),
+                          Valeur::brute(cle.valeur(u"Type"))},
+                         cle);
 }
 
 const QString sommesDifferent =
@@ -46,7 +50,7 @@ const QString sommesDifferent =
 
 QString fichier(const CleDeclaration &cle, QStringView suite)
 {
-    return cle.employeur + u"_DAS_"_s + cle.periode + suite + u".pdf";
+    return cle.texte(u"num_emp") + u"_DAS_"_s + cle.texte(u"annee") + suite + u".pdf";
 }
 
 /// The fund's logo, which reaches down beside the rows that follow, and its name.
@@ -76,7 +80,7 @@ Rangee champ(const QString &libelle, const QString &valeur, double largeur, doub
 std::optional<Document> DataReport1(Base &base, const Enregistrement &entete, Dialogue &dialogue)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    if (!sommesConcordent(entete)) {
+    if (!sommesConcordent(base, genreDas(), entete)) {
         dialogue.avertir(sommesDifferent + u"Verifiez vos lignes DAS SVP"_s);
         return {};
     }
@@ -149,18 +153,16 @@ std::optional<Document> DataReport2(Base &base, const Enregistrement &entete, Di
 std::optional<Document> DataReport3(Base &base, const Enregistrement &entete, Dialogue &dialogue)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    if (!sommesConcordent(entete) &&
+    if (!sommesConcordent(base, genreDas(), entete) &&
         !dialogue.demander(sommesDifferent + u"Voulez vous imprimer malgrès tout?"_s))
         return {};
-    const Enregistrement employeur =
-        lireEmployeur(base, u"SELECT rais_soc FROM employeur WHERE num_emp = ?"_s, {cle.employeur}, cle);
+    const Enregistrement employeur = lireEmployeur(
+        base, u"SELECT rais_soc FROM employeur WHERE num_emp = ?"_s, {cle.texte(u"num_emp")}, cle);
 
     const auto cellules = std::make_shared<QStringList>();
-    Requete lignes = base.Cnx.lire(u"SELECT l.num_salarie, nom, prenom, date_naiss, nbj_travail, type_dure, "
-                                   u"sal_annuel, profes, adresse, "
-                                   "num_cpt_ccp, num_cpt_banc"_s +
-                                       lignesEtSalaries(base, genreDas(), cle),
-                                   lignesDe(genreDas(), cle).valeurs);
+    Requete lignes = lireAvecSalaries(base, genreDas(), lignesDe(genreDas(), cle),
+                                      u"l.num_salarie, nom, prenom, date_naiss, nbj_travail, type_dure, "
+                                      "sal_annuel, profes, adresse, num_cpt_ccp, num_cpt_banc"_s);
     while (lignes.suivante()) {
         const auto montant = [&](int colonne) {
             return lignes.estNul(colonne) ? QString()
@@ -192,9 +194,9 @@ std::optional<Document> DataReport3(Base &base, const Enregistrement &entete, Di
             << Cellule{.texte = valeur, .largeur = largeur, .corps = 9, .gras = true};
     };
     ajouter(u"Employeur"_s, 22, employeur.texte(u"rais_soc"), 0);
-    ajouter(u"Année"_s, 15, cle.periode, 15);
-    ajouter(u"Numéro employeur"_s, 36, cle.employeur, 23);
-    ajouter(u"DAS"_s, 12, QString::number(cle.type), 12);
+    ajouter(u"Année"_s, 15, cle.texte(u"annee"), 15);
+    ajouter(u"Numéro employeur"_s, 36, cle.texte(u"num_emp"), 23);
+    ajouter(u"DAS"_s, 12, cle.texte(u"Type"), 12);
     // The table stands off its head.
     document.tete += Rangee{.cellules = {{.corps = 1}}};
     constexpr Alignement gauche = Alignement::Gauche;

@@ -1,6 +1,10 @@
 #pragma once
 
+struct EntetesNumerotees;
 struct GenreDeclaration;
 
-/// The annual declaration: its period is the campaign's year.
+/// The annual declaration.
 const GenreDeclaration &genreDas();
+
+/// Its headers: the period is the campaign's year.
+const EntetesNumerotees &entetesDas();

@@ -1,14 +1,12 @@
 #include "declarations/champsexport.h"
 
-#include "declarations/declaration.h"
 #include "rules/date.h"
-#include "rules/erreurs.h"
 #include "rules/texte.h"
-#include "storage/base.h"
+#include "storage/connexion.h"
 
 #include <QIODevice>
 
-#include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -16,100 +14,96 @@ namespace {
 
 constexpr QStringView finDeLigne = u"\r\n";
 
-void ecrire(QIODevice &fichier, QStringView ligne)
+void ecrireOctets(QIODevice &fichier, const QByteArray &octets)
 {
-    const QByteArray octets = encoder(ligne);
     if (fichier.write(octets) != octets.size())
         throw ErreurFichier(u"Le fichier ne peut pas être écrit.\n%1"_s.arg(fichier.errorString()));
 }
 
-QString enForme(const Enregistrement &rangee, Col colonne, Forme forme)
+/// The value in the form of the field.
+QString enForme(const ChampExport &champ, const Enregistrement &rangee, Col colonne, const QString &texte)
 {
-    switch (forme) {
-    case Forme::TelQuel:
-        return rangee.texte(colonne);
-    case Forme::Coupe:
-        return Trim(rangee.texte(colonne)).toString();
-    case Forme::Jour:
+    switch (champ.forme) {
+    case FormeChamp::TelQuel:
+        return texte;
+    case FormeChamp::Coupe:
+        return Trim(texte).toString();
+    case FormeChamp::Jour:
         return texteDate(rangee.date(colonne));
-    case Forme::Montant:
+    case FormeChamp::Montant:
         return rangee.montant(colonne).texte(SepAutre);
-    case Forme::Entier:
+    case FormeChamp::Entier:
         return QString::number(rangee.entier(colonne));
     }
     return {};
 }
 
-bool comptePourNul(const QString &texte, Inacheve inacheve)
+/// @param precedent the field as the line before had it
+QString texteChamp(const ChampExport &champ, const Enregistrement &rangee, Col colonne,
+                   const QString &precedent)
 {
-    switch (inacheve) {
-    case Inacheve::Garde:
-        return false;
-    case Inacheve::SiRienSaisi:
-        return !texte.isEmpty() && std::all_of(texte.begin(), texte.end(), [](QChar c) { return c == u'_'; });
-    case Inacheve::SiIncomplet:
-        return texte.contains(u'_');
-    }
-    return false;
-}
-
-QString texteDuChamp(const ChampExport &champ, const Enregistrement &rangee, Col colonne, QString &precedent)
-{
-    const bool nul = rangee.estNul(colonne);
-    const QString texte = nul ? QString() : enForme(rangee, colonne, champ.forme);
-    if (nul || comptePourNul(texte, champ.inacheve)) {
-        if (champ.reporte)
-            return precedent;
-        if (!champ.siNul)
-            throw ErreurConversion(u"une valeur obligatoire manque."_s);
+    const QVariant valeur = rangee.valeur(colonne);
+    const QString texte = valeur.toString();
+    const bool absent = valeur.isNull() ||
+                        (!champ.nulSiContient.isEmpty() && texte.contains(champ.nulSiContient)) ||
+                        (!champ.nulSiEgal.isEmpty() && texte == champ.nulSiEgal);
+    if (absent && champ.repete)
+        return precedent;
+    if (absent && !champ.siNul)
+        throw ErreurConversion(u"une valeur obligatoire manque."_s);
+    if (absent)
         return champ.siNul->toString();
-    }
-    if (champ.siVide && texte.isEmpty())
+    if (champ.siVide && (champ.blancsVides ? Trim(texte) : QStringView(texte)).isEmpty())
         return champ.siVide->toString();
-    if (champ.reporte)
-        precedent = texte;
-    return champ.largeur > 0 ? texte.left(champ.largeur).leftJustified(champ.largeur, u' ') : texte;
+    const QString ecrit = enForme(champ, rangee, colonne, texte);
+    return champ.largeur > 0 ? ecrit.leftJustified(champ.largeur, u' ', true) : ecrit;
 }
 
-/// The line of one row. @param ou where the row stands, for the text of a failure
-/// @param precedents the fields of the line before, one for each field
-QString ligneDe(const Enregistrement &rangee, std::span<const ChampExport> champs, bool parRang,
-                const QString &ou, QStringList &precedents)
+/// The line of a row.
+/// @param parPlace whether the columns of the row are those of the fields, in their order
+/// @param precedents the fields of the line before, which become those of this one
+QString texteLigne(const Enregistrement &rangee, std::span<const ChampExport> champs, bool parPlace,
+                   std::vector<QString> &precedents, const QString &lieu)
 {
     QString ligne;
-    for (qsizetype i = 0; i < static_cast<qsizetype>(champs.size()); ++i) {
-        const ChampExport &champ = champs[static_cast<std::size_t>(i)];
+    precedents.resize(champs.size());
+    for (std::size_t i = 0; i < champs.size(); ++i) {
         try {
-            const Col colonne = parRang ? Col(static_cast<int>(i)) : Col(champ.colonne);
-            ligne += texteDuChamp(champ, rangee, colonne, precedents[i]);
+            const Col colonne = parPlace ? Col(static_cast<int>(i)) : Col(champs[i].colonne);
+            precedents[i] = texteChamp(champs[i], rangee, colonne, precedents[i]);
         } catch (const ErreurConversion &erreur) {
-            throw ErreurConversion(u"%1, colonne « %2 » : %3"_s.arg(ou, champ.colonne, erreur.texte()));
+            throw ErreurConversion(u"%1, colonne « %2 » : %3"_s.arg(lieu, champs[i].colonne, erreur.texte()));
         }
+        ligne += precedents[i];
         ligne += u';';
     }
-    return ligne + finDeLigne;
-}
-
-QStringList aucunPrecedent(std::span<const ChampExport> champs)
-{
-    return QStringList(static_cast<qsizetype>(champs.size()));
+    return ligne;
 }
 
 } // namespace
 
-void ecrireDeclaration(Base &base, const GenreDeclaration &genre, const FormatExport &format,
-                       const Enregistrement &entete, const CleDeclaration &cle, QIODevice &fichier)
+QString colonnesExport(std::span<const ChampExport> champs)
 {
-    ecrire(fichier, QString(format.marque + finDeLigne));
-    QStringList precedents = aucunPrecedent(format.entete);
-    ecrire(fichier, ligneDe(entete, format.entete, false, u"En-tête"_s, precedents));
-
     QStringList colonnes;
-    for (const ChampExport &champ : format.ligne)
+    for (const ChampExport &champ : champs)
         colonnes += champ.colonne.toString();
-    Requete rangees = base.Cnx.lire(u"SELECT "_s + colonnes.join(u", ") + lignesEtSalaries(base, genre, cle),
-                                    lignesDe(genre, cle).valeurs);
-    precedents = aucunPrecedent(format.ligne);
+    return colonnes.join(u", ");
+}
+
+void ecrireEntete(QIODevice &fichier, const Enregistrement &entete, std::span<const ChampExport> champs)
+{
+    std::vector<QString> aucuns;
+    ecrireLigne(fichier, texteLigne(entete, champs, false, aucuns, u"En-tête"_s));
+}
+
+void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs)
+{
+    std::vector<QString> precedents;
     for (qint64 numero = 1; rangees.suivante(); ++numero)
-        ecrire(fichier, ligneDe(rangees, format.ligne, true, u"Ligne %1"_s.arg(numero), precedents));
+        ecrireLigne(fichier, texteLigne(rangees, champs, true, precedents, u"Ligne %1"_s.arg(numero)));
+}
+
+void ecrireLigne(QIODevice &fichier, QStringView ligne)
+{
+    ecrireOctets(fichier, encoder(ligne) + encoder(finDeLigne));
 }

@@ -5,58 +5,43 @@
 #include <optional>
 #include <span>
 
-class Base;
 class Enregistrement;
 class QIODevice;
-struct CleDeclaration;
-struct GenreDeclaration;
+class Requete;
 
-/// How a value stands in a file.
-enum class Forme {
-    TelQuel, ///< as it is stored
-    Coupe,   ///< without the blanks at both ends
-    Jour,    ///< dd/mm/yyyy
-    Montant, ///< plain text of the amount, the separator ","
-    Entier,
-};
+enum class FormeChamp { TelQuel, Coupe, Jour, Montant, Entier };
 
-/// Which texts of a masked field count as Null.
-enum class Inacheve {
-    Garde,       ///< none
-    SiRienSaisi, ///< the mask with nothing in it
-    SiIncomplet, ///< every text with a "_"
-};
-
-/// A field of a line of a file: all there is to say of how it is written.
+/// A field of a line of a file: the column that it comes from and how it is written. Everything that a field
+/// does is told here, side by side with the others.
 struct ChampExport
 {
     QStringView colonne;
-    Forme forme = Forme::TelQuel;
-    /// Stands for Null. Without one the column must be filled.
+    FormeChamp forme = FormeChamp::TelQuel;
+    /// What stands for Null; without it Null is a failure that names the column.
     std::optional<QStringView> siNul = {};
-    /// Stands for a text that is empty in its form; the empty text without one.
+    /// What stands for an empty text; without it that is a text like others.
     std::optional<QStringView> siVide = {};
-    Inacheve inacheve = Inacheve::Garde;
-    /// Null repeats what the line before had, nothing on the first line.
-    bool reporte = false;
-    /// Characters that the field has: a longer text is cut, a shorter one gets blanks behind it. 0 for any.
+    /// Whether blanks alone are an empty text.
+    bool blancsVides = false;
+    /// A text that holds this counts as Null: a mask that was not filled in.
+    QStringView nulSiContient = {};
+    /// A text that is this counts as Null.
+    QStringView nulSiEgal = {};
+    /// Whether Null repeats what the line before had.
+    bool repete = false;
+    /// How many characters it is held in: cut, or filled with blanks on the right; 0 for as many as it has.
     int largeur = 0;
 };
 
-/// What a declaration's file is made of.
-struct FormatExport
-{
-    QStringView marque;
-    /// The second line, from the header's columns.
-    std::span<const ChampExport> entete;
-    /// The other lines, from the columns of a line ("l.") and of its employee.
-    std::span<const ChampExport> ligne;
-};
+/// The columns for a SELECT, in the order of the fields.
+QString colonnesExport(std::span<const ChampExport> champs);
 
-/// Writes the declaration of a header: format mark, header, one line for every line of it whose employee is
-/// in the table. Every field has its ";", lines end in CR LF, texts are in windows-1252, nothing is escaped.
-/// @param cle whose lines are written
-/// @throws ErreurConversion for a Null in a field that must be filled, naming line and column
-/// @throws ErreurFichier
-void ecrireDeclaration(Base &base, const GenreDeclaration &genre, const FormatExport &format,
-                       const Enregistrement &entete, const CleDeclaration &cle, QIODevice &fichier);
+/// Writes the header of a file. @throws ErreurConversion naming the column
+void ecrireEntete(QIODevice &fichier, const Enregistrement &entete, std::span<const ChampExport> champs);
+
+/// Writes a line for every row of the query, whose columns are those of colonnesExport().
+/// @throws ErreurConversion naming line and column
+void ecrireLignes(QIODevice &fichier, Requete &rangees, std::span<const ChampExport> champs);
+
+/// Writes a line in the code page with its end. @throws ErreurFichier
+void ecrireLigne(QIODevice &fichier, QStringView ligne);

@@ -12,12 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-RefusEntete refuser(ChampEntete champ, const QString &texte, Dialogue &dialogue)
-{
-    dialogue.avertir(texte);
-    return champ;
-}
-
 /// The count as the whole number that its column takes: rounded half to even.
 qint64 effectifEntier(const QString &texte)
 {
@@ -30,82 +24,81 @@ qint64 effectifEntier(const QString &texte)
 bool estNegatif(const QString &texte) { return lireNombre(texte) < 0; }
 
 /// The number of the new declaration; nothing when it is refused.
-std::optional<qint64> nouveauType(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
+std::optional<qint64> nouveauType(Base &base, const EntetesNumerotees &entetes, const FicheEntete &fiche,
                                   Dialogue &dialogue)
 {
     // The table itself, and not the list: another program may have added a header meanwhile.
-    const Recordset &entetes = base.*genre.entetes;
     const QString deLaPeriode = u" FROM [%1] WHERE [%2] = ? AND [%3] = ?"_s.arg(
-        entetes.table(), genre.entete.employeur, genre.entete.periode);
+        (base.*entetes.genre.entetes).table(), entetes.genre.employeur, entetes.periode);
     const Valeurs cle{fiche.cmbemp, fiche.periode};
     if (!fiche.cmplCheck) {
-        const QString principale = u"SELECT 1"_s + deLaPeriode + u" AND [%1] = 1"_s.arg(genre.entete.type);
+        const QString principale = u"SELECT 1"_s + deLaPeriode + u" AND [%1] = 1"_s.arg(entetes.type);
         if (!base.Cnx.existe(principale, cle))
             return 1;
-        dialogue.avertir(genre.textes.principaleExiste);
+        dialogue.avertir(entetes.textes.principaleExiste);
         return {};
     }
-    const Enregistrement plusHaut =
-        base.Cnx.premiere(u"SELECT max([%1])"_s.arg(genre.entete.type) + deLaPeriode, cle);
+    // One whose number is empty is there, and counts as the first.
+    const Enregistrement plusHaut = base.Cnx.premiere(
+        u"SELECT max(iif(typeof([%1]) = 'integer', [%1], 1))"_s.arg(entetes.type) + deLaPeriode, cle);
     if (!plusHaut.estNul(0))
         return plusHaut.entier(0) + 1;
-    if (dialogue.demander(genre.textes.sansPrincipale, {}, false, Icone::Information))
+    if (dialogue.demander(entetes.textes.sansPrincipale, {}, false, Icone::Information))
         return 2;
     return {};
 }
 
 } // namespace
 
+bool estComplementaire(const QVariant &type) { return type.toLongLong() > 1; }
+
 bool estMontantSaisi(const QString &texte) { return EstNumerique(sansBlancs(texte)); }
 
-RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
-                          Dialogue &dialogue)
+std::optional<Refus> ajouterEntete(Base &base, const EntetesNumerotees &entetes, const FicheEntete &fiche,
+                                   Dialogue &dialogue)
 {
-    using enum ChampEntete;
-    const GenreDeclaration::Textes &textes = genre.textes;
+    const EntetesNumerotees::Textes &textes = entetes.textes;
     if (fiche.cmbemp.isEmpty() || fiche.periode.isEmpty())
-        return refuser(fiche.periode.isEmpty() ? periode : cmbemp, textes.choixVide, dialogue);
+        return refuser(dialogue, fiche.periode.isEmpty() ? entetes.controlePeriode : u"cmbemp",
+                       textes.choixVide);
     if (!base.Cnx.existe(u"SELECT 1 FROM employeur"_s))
-        return refuser(cmbemp, u"Il n'y a pas d'employeur!"_s, dialogue);
+        return refuser(dialogue, u"cmbemp", u"Il n'y a pas d'employeur!"_s);
     if (!base.Cnx.existe(u"SELECT 1 FROM employeur WHERE num_emp = ?"_s, {fiche.cmbemp}))
-        return refuser(cmbemp, u"Ce numéro d'employeur n'éxiste pas"_s, dialogue);
-    const std::optional<qint64> type = nouveauType(base, genre, fiche, dialogue);
+        return refuser(dialogue, u"cmbemp", u"Ce numéro d'employeur n'éxiste pas"_s);
+    const std::optional<qint64> type = nouveauType(base, entetes, fiche, dialogue);
     if (!type)
-        return cmplCheck;
+        return Refus{u"cmplCheck", {}};
 
     const QString somme = sansBlancs(fiche.sumedit);
     const QString effectif = sansBlancs(fiche.total_salEdit);
     if (!EstNumerique(somme) || estNegatif(somme))
-        return refuser(sumedit, textes.sommeIncorrecte, dialogue);
+        return refuser(dialogue, u"sumedit", textes.sommeIncorrecte);
     if (!EstNumerique(effectif) || estNegatif(effectif))
-        return refuser(total_salEdit, textes.effectifIncorrect, dialogue);
+        return refuser(dialogue, u"total_salEdit", textes.effectifIncorrect);
     if ((lireNombre(somme) == 0) != (lireNombre(effectif) == 0))
-        return refuser(sumedit, u"Valeurs incorrectes !"_s, dialogue);
+        return refuser(dialogue, u"sumedit", u"Valeurs incorrectes !"_s);
 
-    (base.*genre.entetes)
-        .ajouter(Champs{{genre.entete.periode, fiche.periode},
-                        {genre.entete.employeur, fiche.cmbemp},
-                        {genre.entete.type, *type},
-                        {genre.entete.somme, LireMontant(somme)},
-                        {genre.entete.effectif, effectifEntier(effectif)}} +
-                 genre.entete.aLaCreation);
+    (base.*entetes.genre.entetes)
+        .ajouter(Champs{{entetes.periode, fiche.periode},
+                        {entetes.genre.employeur, fiche.cmbemp},
+                        {entetes.type, *type},
+                        {entetes.somme, LireMontant(somme)},
+                        {entetes.effectif, effectifEntier(effectif)}} +
+                 entetes.aLaCreation);
     return {};
 }
 
-RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
-                           const QString &somme, const QString &effectif, Dialogue &dialogue)
+std::optional<Refus> modifierEntete(Base &base, const EntetesNumerotees &entetes, const Enregistrement &lue,
+                                    const QString &sumedit, const QString &totaledit, Dialogue &dialogue)
 {
-    const QString sommeNette = sansBlancs(somme);
-    const QString effectifNet = sansBlancs(effectif);
-    const bool sommeBonne = EstNumerique(sommeNette) && lireNombre(sommeNette) > 0;
-    const bool effectifBon = EstNumerique(effectifNet) && lireNombre(effectifNet) >= 1;
-    if (!sommeBonne || !effectifBon) {
-        return refuser(sommeBonne ? ChampEntete::total_salEdit : ChampEntete::sumedit,
-                       u"Valeurs incorrectes!"_s, dialogue);
-    }
-    (base.*genre.entetes)
-        .modifier(lue, {{genre.entete.somme, LireMontant(sommeNette)},
-                        {genre.entete.effectif, effectifEntier(effectifNet)}});
+    const QString somme = sansBlancs(sumedit);
+    const QString effectif = sansBlancs(totaledit);
+    const bool sommeBonne = EstNumerique(somme) && lireNombre(somme) > 0;
+    const bool effectifBon = EstNumerique(effectif) && lireNombre(effectif) >= 1;
+    if (!sommeBonne || !effectifBon)
+        return refuser(dialogue, sommeBonne ? u"totaledit" : u"sumedit", u"Valeurs incorrectes!"_s);
+    (base.*entetes.genre.entetes)
+        .modifier(lue, {{entetes.somme, LireMontant(somme)}, {entetes.effectif, effectifEntier(effectif)}});
     return {};
 }
 

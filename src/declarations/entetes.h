@@ -1,13 +1,37 @@
 #pragma once
 
-#include <QString>
+#include "rules/refus.h"
+#include "storage/valeur.h"
 
 #include <optional>
 
 class Base;
-class Dialogue;
 class Enregistrement;
 struct GenreDeclaration;
+
+/// Headers that stand for an employer and a period under a number: 1 for the principal declaration, 2 and up
+/// for the complementary ones. Told by their columns and words.
+struct EntetesNumerotees
+{
+    const GenreDeclaration &genre;
+    QString periode;
+    QString type;
+    QString somme;
+    QString effectif;
+    /// What a new header holds besides the fields of the screen.
+    Champs aLaCreation;
+    /// The list of periods on the screen.
+    QStringView controlePeriode;
+
+    struct Textes
+    {
+        QString choixVide;
+        QString principaleExiste;
+        QString sansPrincipale;
+        QString sommeIncorrecte;
+        QString effectifIncorrect;
+    } textes;
+};
 
 /// The fields from which a header is made, as the screen holds them.
 struct FicheEntete
@@ -19,21 +43,16 @@ struct FicheEntete
     QString total_salEdit;
 };
 
-enum class ChampEntete { periode, cmbemp, cmplCheck, sumedit, total_salEdit };
-
-/// What a refused header gets the focus on; nothing when all went well.
-using RefusEntete = std::optional<ChampEntete>;
-
 /// Adds a header and makes it the current row. The first fault is told and stops. A complementary declaration
 /// gets the number above the highest one, 2 when there is none.
 /// @throws ErreurConversion for a figure too big for its column
-RefusEntete ajouterEntete(Base &base, const GenreDeclaration &genre, const FicheEntete &fiche,
-                          Dialogue &dialogue);
+std::optional<Refus> ajouterEntete(Base &base, const EntetesNumerotees &entetes, const FicheEntete &fiche,
+                                   Dialogue &dialogue);
 
 /// Writes the two declared figures into a header. Unlike a new header's they can't be zero: this is meant.
 /// @param lue the header as it was shown
-RefusEntete modifierEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
-                           const QString &somme, const QString &effectif, Dialogue &dialogue);
+std::optional<Refus> modifierEntete(Base &base, const EntetesNumerotees &entetes, const Enregistrement &lue,
+                                    const QString &sumedit, const QString &totaledit, Dialogue &dialogue);
 
 /// Asks, and deletes a header if it has no lines. @return whether it is gone
 bool supprimerEntete(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
@@ -42,6 +61,9 @@ bool supprimerEntete(Base &base, const GenreDeclaration &genre, const Enregistre
 /// Asks, and deletes a header without a look at its lines, which stay behind: this is meant.
 bool supprimerEnteteSeul(Base &base, const GenreDeclaration &genre, const Enregistrement &lue,
                          Dialogue &dialogue);
+
+/// Whether the number of a declaration is one above the principal's; an empty one is not.
+bool estComplementaire(const QVariant &type);
 
 /// Whether a typed figure is a number; blanks count for nothing.
 bool estMontantSaisi(const QString &texte);

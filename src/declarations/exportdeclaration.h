@@ -1,41 +1,67 @@
 #pragma once
 
-#include <QString>
+#include "declarations/champsexport.h"
 
-#include <functional>
-
+class Base;
 class Dialogue;
-class QIODevice;
+struct GenreDeclaration;
 
-/// One export of a declaration to a file. Without a fixed folder the clerk chooses the file.
-struct ExportDeclaration
+/// The file of a declaration and the way of its export, as the one declaration has it and not the other.
+struct FichierDeclaration
 {
-    /// Everything that must hold before a file is opened; it tells what does not. @return whether to go on
-    std::function<bool()> controler;
-    /// Name of the file in the fixed folder.
-    QString nomFige;
-    /// Name offered in the save dialog.
-    QString nomPropose;
-    QString titre;
-    /// Writes the whole file. What was written before a failure stays.
-    std::function<void(QIODevice &)> ecrire;
-    /// Told with the path when all is written.
-    QString succes;
-    /// What follows the success; its failure is not told.
-    std::function<void()> ensuite = {};
+    const GenreDeclaration &genre;
 
-    /// Where the clerk chooses the file, failures from here on end the action.
-    enum class Gardien { DesLeControle, DesLeChoix, Aucun } gardien = Gardien::DesLeControle;
+    // The text of the file: its mark, its header and a line for every line whose employee is in the table
+
+    QStringView marque;
+    std::span<const ChampExport> entete;
+    std::span<const ChampExport> ligne;
+
+    // The names, with the columns of the header in braces
+
+    /// In the fixed folder.
+    QString nomFige;
+    /// Offered in the save dialog.
+    QString nomPropose;
+
+    // What must hold before a file is opened. What does not is told.
+
+    using Controle = bool (*)(Base &base, const Enregistrement &entete, Dialogue &dialogue);
+    Controle avantSommes = nullptr;
+    /// Told when the declared figures are not those of the lines, under its title.
+    QString sommesDifferentes;
+    QString titreSommes = {};
+    Controle apresSommes = nullptr;
+
+    /// Title of the warning when no file is named; a plain box without one.
+    QString titreSansNom = {};
+    /// Whether the lines list shows all lines of what is exported.
+    bool montreLignes = true;
+
+    // How it ends
+
+    /// From where on a failure ends in this export, where the clerk chooses the file.
+    enum class Gestion { DesLeControle, DesLaCible, Aucune };
+    Gestion gestion = Gestion::Aucune;
     /// Told of such a failure; when it is empty the action ends without a word.
     QString echec = {};
-    /// Whether a failure in the fixed folder, while the file is written, ends the program.
-    bool fatalAuDossierFixe = true;
-    /// The title of the warning that no file was chosen; a plain box when it is empty.
-    QString titreSansFichier = {};
+    /// Whether a failure of the writing into the fixed folder ends the program.
+    bool echecFatal = false;
+    /// Told with the path when all is written.
+    QString succes;
+    /// Run behind that. Its failures are swallowed.
+    void (*ensuite)(Base &base, const Enregistrement &entete) = nullptr;
 };
 
-/// Runs an export: control, target, file, success. The declarations differ in what becomes of a failure, and
-/// this is meant; one that nothing guards goes to the caller.
-/// @throws ErreurFatale for a failure in the fixed folder, where it ends the program
+/// Writes the file of a header. Lines end in CR LF, texts are in windows-1252, nothing is escaped.
+/// @throws ErreurConversion for what a field can't be
+void ecrireDeclaration(const FichierDeclaration &fichier, Base &base, const Enregistrement &entete,
+                       QIODevice &sortie);
+
+/// Controls a declaration and writes it to a file: that of the fixed folder, without a question and over what
+/// is there, or one that the clerk chooses. What was written before a failure stays. That failures end
+/// otherwise on the two routes is meant.
+/// @throws ErreurFatale for a failure that is to end the program
 /// @return whether the file was written
-bool exporter(const ExportDeclaration &declaration, bool cheminFige, Dialogue &dialogue);
+bool exporter(const FichierDeclaration &fichier, Base &base, const Enregistrement &entete, bool cheminFige,
+              Dialogue &dialogue);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 LignesDeclaration::LignesDeclaration(Base &base, const GenreDeclaration &genre, CleDeclaration cle)
     : m_base(base), m_genre(genre), m_cle(std::move(cle))
 {
-    montrerToutes();
+    liste().ouvrir(lignesDe(m_genre, m_cle));
 }
 
 void LignesDeclaration::passerA(const CleDeclaration &cle)
@@ -21,7 +21,7 @@ void LignesDeclaration::passerA(const CleDeclaration &cle)
 
 void LignesDeclaration::montrerToutes()
 {
-    liste().ouvrir(lignesDe(m_genre, m_cle));
+    liste().filtrer(lignesDe(m_genre, m_cle));
     m_recherche = false;
 }
 
@@ -32,18 +32,26 @@ void LignesDeclaration::chercher(QStringView debut)
         montrerToutes();
         return;
     }
-    liste().ouvrir(lignesDe(m_genre, m_cle) && commencePar(m_genre.ligne.salarie, texte));
+    liste().filtrer(lignesDe(m_genre, m_cle) && commencePar(m_genre.salarie, texte));
     m_recherche = true;
+}
+
+bool LignesDeclaration::contient(const QString &numero, qint64 cpt_z) const
+{
+    const Condition ligne = lignesDe(m_genre, m_cle) &&
+                            Condition{u"[%1] = ? AND cpt_z = ?"_s.arg(m_genre.salarie), {numero, cpt_z}};
+    return m_base.Cnx.existe(u"SELECT 1 FROM [%1] WHERE %2"_s.arg(liste().table(), ligne.sql), ligne.valeurs);
 }
 
 void LignesDeclaration::ajouter(const Champs &champs)
 {
     if (m_recherche)
         montrerToutes();
+    Champs tous = champs;
+    for (const PaireCle &paire : m_genre.cle)
+        tous.append({paire.ligne, Valeur::brute(m_cle.valeur(paire.entete))});
     Transaction transaction(m_base.Cnx);
-    liste().ajouter(champs + Champs{{m_genre.ligne.employeur, m_cle.employeur},
-                                    {m_genre.ligne.periode, m_cle.periode},
-                                    {m_genre.ligne.type, m_cle.type}});
+    liste().ajouter(tous);
     recalculer();
     transaction.commit();
 }
@@ -69,14 +77,14 @@ void LignesDeclaration::supprimer(const Enregistrement &lue, Dialogue &dialogue)
 /// Over all lines of the declaration, whatever the list shows.
 void LignesDeclaration::recalculer()
 {
-    Recordset &entetes = m_base.*m_genre.entetes;
     // From the table itself: what another program has added up meanwhile is no reason to refuse.
     const Enregistrement entete = lireEntete(m_base, m_genre, m_cle);
     if (entete.estVide()) {
-        throw ErreurBase(u"L'en-tête de cette déclaration (%1, %2, n° %3) n'existe plus."_s.arg(
-            m_cle.employeur, m_cle.periode, QString::number(m_cle.type)));
+        QStringList valeurs;
+        for (const PaireCle &paire : m_genre.cle)
+            valeurs += m_cle.texte(paire.entete);
+        throw ErreurBase(u"L'en-tête de cette déclaration (%1) n'existe plus."_s.arg(valeurs.join(u", ")));
     }
-
     QStringList expressions;
     for (const SommeEntete &somme : m_genre.sommes)
         expressions += somme.expression;
@@ -87,5 +95,5 @@ void LignesDeclaration::recalculer()
     Champs champs;
     for (int i = 0; i < m_genre.sommes.size(); ++i)
         champs.append({m_genre.sommes[i].colonne, totaux.entier(i)});
-    entetes.modifier(entete, champs);
+    (m_base.*m_genre.entetes).modifier(entete, champs);
 }

@@ -13,6 +13,7 @@ public:
     /// Shows all lines in the shared recordset.
     LignesDeclaration(Base &base, const GenreDeclaration &genre, CleDeclaration cle);
 
+    const GenreDeclaration &genre() const { return m_genre; }
     const CleDeclaration &cle() const { return m_cle; }
     Base &base() const { return m_base; }
     Recordset &liste() const { return m_base.*m_genre.lignes; }
@@ -20,8 +21,12 @@ public:
     /// Turns to another declaration, all lines shown.
     void passerA(const CleDeclaration &cle);
     void montrerToutes();
-    /// Shows the lines of the employees whose number begins with the text.
+    /// Shows the lines of the employees whose number begins with the text. The order stays, and the current
+    /// row where it can.
     void chercher(QStringView debut);
+
+    /// Whether the declaration has a line for the employee, shown or not.
+    bool contient(const QString &numero, qint64 cpt_z) const;
 
     /// Adds a line and makes it the current one; the list shows all lines again after a search.
     /// @param champs all columns but those of the declaration

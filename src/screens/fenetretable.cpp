@@ -7,7 +7,7 @@
 FenetreTable::FenetreTable(Contexte &contexte, Recordset &recordset)
     : m_contexte(contexte), m_dernierRecours(contexte.dernierRecours), m_recordset(recordset)
 {
-    m_recordset.requery();
+    m_recordset.reprendreOrdre();
 }
 
 void FenetreTable::relier(const Controles &controles, const QList<ColonneGrille> &colonnes)

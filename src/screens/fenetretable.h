@@ -28,7 +28,8 @@ protected:
         QList<QAbstractButton *> autres = {};
     };
 
-    /// Requeries the table. @throws ErreurBase when it is not open: the window does not open then
+    /// Requeries the table, in its own order again. @throws ErreurBase when it is not open: the window does
+    /// not open then
     FenetreTable(Contexte &contexte, Recordset &recordset);
 
     /// To be called once the controls are there.

@@ -72,6 +72,8 @@ void montrerOnglet(QWidget &champ)
 
 void reprendreSaisie(QWidget &champ)
 {
+    if (QWidget *dedans = champ.focusProxy())
+        return reprendreSaisie(*dedans);
     montrerOnglet(champ);
     champ.setFocus(Qt::OtherFocusReason);
     auto *texte = qobject_cast<QLineEdit *>(&champ);

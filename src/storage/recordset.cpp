@@ -149,20 +149,35 @@ int Recordset::placeDe(qint64 rowid, const Rowids &parmi) const
     return static_cast<int>(place - parmi.begin());
 }
 
-void Recordset::requery()
+void Recordset::requery() { relire(m_condition, m_tri); }
+
+void Recordset::filtrer(const Condition &condition)
 {
     exigerOuvert();
-    montrer(lireRowids(), rowidCourant());
+    const qint64 avant = rowidCourant();
+    relire(condition, m_tri);
+    if (rowidCourant() != avant)
+        allerA(0);
 }
+
+void Recordset::reprendreOrdre() { relire(m_condition, m_triPropre); }
 
 void Recordset::trier(const QString &colonne, Qt::SortOrder sens)
 {
     exigerOuvert();
-    const QList<Tri> avant = std::exchange(m_tri, {{nomColonne(rangColonne(colonne)), sens}});
+    relire(m_condition, {{nomColonne(rangColonne(colonne)), sens}});
+}
+
+void Recordset::relire(Condition condition, QList<Tri> tri)
+{
+    exigerOuvert();
+    std::swap(m_condition, condition);
+    std::swap(m_tri, tri);
     try {
-        requery();
+        montrer(lireRowids(), rowidCourant());
     } catch (...) {
-        m_tri = avant;
+        m_condition = condition;
+        m_tri = tri;
         throw;
     }
 }

@@ -25,9 +25,9 @@ Condition commencePar(const QString &colonne, QStringView texte);
 /// with a current row. It keeps the rowids and reads the rows when they are looked at, so a table of any size
 /// opens at once and shows in a grid.
 ///
-/// The current row stays on the same row through a requery and a sort; an added row becomes current; when the
-/// current row is deleted its neighbour takes its place. Looking a row up never moves it, and after a
-/// rollback it is the one that it was when the transaction began.
+/// The current row stays on the same row through a requery, a sort and another condition; an added row
+/// becomes current; when the current row is deleted its neighbour takes its place. Looking a row up never
+/// moves it, and after a rollback it is the one that it was when the transaction began.
 ///
 /// Rows are written by their key, as somebody has seen them: the current row is for showing, and where it
 /// stands decides of no write.
@@ -48,12 +48,17 @@ public:
 
     /// Opens in the table's own order, again when it is open. @throws ErreurSql, and is closed then
     void ouvrir(const Condition &condition = {});
+    /// Reads the list of rows again under another condition, in the same order; the first row is current when
+    /// the one before is not among them.
+    void filtrer(const Condition &condition);
     void fermer();
     bool estOuvert() const override { return m_ouvert; }
     /// Reads the list of rows again, under the same condition and in the same order.
     void requery();
     /// Orders by one column, then by entry; the condition stays.
     void trier(const QString &colonne, Qt::SortOrder sens = Qt::AscendingOrder) override;
+    /// Reads the list of rows again in the table's own order.
+    void reprendreOrdre();
     QList<Tri> tri() const override { return m_tri; }
 
     // Rows
@@ -109,6 +114,8 @@ private:
     void lireColonnes();
     /// The ORDER BY of the list: its columns, then the order of entry.
     QString ordre() const;
+    /// Reads the list of rows again under a condition and in an order, or leaves all as it was.
+    void relire(Condition condition, QList<Tri> tri);
     Rowids lireRowids() const;
     /// Where the row belongs in a list that is in order.
     int placeDe(qint64 rowid, const Rowids &parmi) const;

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int pasDeRefus = -1;
+const QString pasDeRefus;
 
 const QString lesEntetes = u"SELECT num_emp, annee, Type, sum_annuel, total_salarie, sum_calc, total_calc "
                            "FROM entete_das ORDER BY rowid"_s;
@@ -27,7 +27,8 @@ const QString lesLignes =
     u"SELECT num_salarie, cpt_z, sal_annuel, nbj_travail, type_dure, date_es, type_date_es FROM ligne_das "
     "ORDER BY rowid"_s;
 
-int rang(const RefusEntete &refus) { return refus ? static_cast<int>(*refus) : pasDeRefus; }
+/// The control that gets the focus.
+QString champ(const std::optional<Refus> &refus) { return refus ? refus->controle.toString() : pasDeRefus; }
 
 FicheEntete ficheEntete(bool complementaire = false)
 {
@@ -57,7 +58,7 @@ struct CasLigne
     /// The average of the question, where it comes; the clerk says yes when nothing is refused behind it.
     QString moyenne;
     QString refus;
-    int focus = pasDeRefus;
+    QString focus = {};
 };
 
 /// Says yes to everything.
@@ -142,15 +143,15 @@ private slots:
     {
         BaseDas essai;
         DialogueScenario dialogue;
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(), dialogue)), pasDeRefus);
         FicheEntete nulle = ficheEntete(true);
         nulle.sumedit = u"0"_s;
         nulle.total_salEdit = u"00000"_s;
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), nulle, dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), nulle, dialogue)), pasDeRefus);
         FicheEntete arrondie = ficheEntete(true);
         arrondie.sumedit = u"1,00005"_s;
         arrondie.total_salEdit = u"2.5"_s;
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), arrondie, dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), arrondie, dialogue)), pasDeRefus);
         QCOMPARE(essai.lignes(lesEntetes),
                  (QStringList{u"12345678|2024|1|12000005000|2|NULL|NULL"_s,
                               u"12345678|2024|2|0|0|NULL|NULL"_s, u"12345678|2024|3|10000|2|NULL|NULL"_s}));
@@ -164,63 +165,61 @@ private slots:
         BaseDas essai;
         DialogueScenario dialogue;
         dialogue.attendreQuestion(texte, false, {}, false, Icone::Information);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)),
-                 static_cast<int>(ChampEntete::cmplCheck));
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(true), dialogue)), u"cmplCheck"_s);
         QVERIFY(essai.base.RsEnteteDas.vide());
         dialogue.attendreQuestion(texte, true, {}, false, Icone::Information);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(true), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 2);
 
         // The highest number counts, and neither it nor another year stands in the way of a principal.
         essai.entete(7);
         essai.entete(9, {}, 0, 2023);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(true), dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(true), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 8);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(), dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 1);
     }
 
     void enteteRefuse_data()
     {
-        using enum ChampEntete;
         QTest::addColumn<QStringList>("saisi");
         QTest::addColumn<QString>("boite");
-        QTest::addColumn<int>("focus");
+        QTest::addColumn<QString>("focus");
         const auto cas = [](const char *nom, const QStringList &saisi, const QString &boite,
-                            ChampEntete focus) {
-            QTest::newRow(nom) << saisi << boite << static_cast<int>(focus);
+                            const char16_t *focus) {
+            QTest::newRow(nom) << saisi << boite << QString::fromUtf16(focus);
         };
         const QString choix = u"Veuillez spécifier une année et un numéro d'employeur SVP"_s;
         const QString somme = u"Veuillez saisir une valeur correcte pour la somme des salaires!"_s;
         const QString nombre = u"Veuillez saisir un nombre de salariés correct!"_s;
         const QString valeurs = u"Valeurs incorrectes !"_s;
         const QString emp = BaseDas::employeur.toString();
-        cas("rien", {u""_s, u""_s, u"x"_s, u"x"_s}, choix, periode);
-        cas("sans employeur", {u""_s, u"2024"_s, u"x"_s, u"x"_s}, choix, cmbemp);
+        cas("rien", {u""_s, u""_s, u"x"_s, u"x"_s}, choix, u"cmbannee");
+        cas("sans employeur", {u""_s, u"2024"_s, u"x"_s, u"x"_s}, choix, u"cmbemp");
         cas("employeur inconnu", {u"87654321"_s, u"2024"_s, u"x"_s, u"x"_s},
-            u"Ce numéro d'employeur n'éxiste pas"_s, cmbemp);
+            u"Ce numéro d'employeur n'éxiste pas"_s, u"cmbemp");
         cas("principale avant sommes", {emp, u"2023"_s, u"x"_s, u"x"_s},
-            u"Une Das existe avec la même année et numéro employeur"_s, cmplCheck);
-        cas("somme avant nombre", {emp, u"2024"_s, u"1e3"_s, u"x"_s}, somme, sumedit);
-        cas("somme vide", {emp, u"2024"_s, u""_s, u"1"_s}, somme, sumedit);
-        cas("somme negative", {emp, u"2024"_s, u"-0.01"_s, u"1"_s}, somme, sumedit);
-        cas("nombre", {emp, u"2024"_s, u"1"_s, u"1,2,3"_s}, nombre, total_salEdit);
-        cas("nombre negatif", {emp, u"2024"_s, u"1"_s, u"-1"_s}, nombre, total_salEdit);
-        cas("somme sans nombre", {emp, u"2024"_s, u"0.01"_s, u"00000"_s}, valeurs, sumedit);
-        cas("nombre sans somme", {emp, u"2024"_s, u"0,00"_s, u"1"_s}, valeurs, sumedit);
+            u"Une Das existe avec la même année et numéro employeur"_s, u"cmplCheck");
+        cas("somme avant nombre", {emp, u"2024"_s, u"1e3"_s, u"x"_s}, somme, u"sumedit");
+        cas("somme vide", {emp, u"2024"_s, u""_s, u"1"_s}, somme, u"sumedit");
+        cas("somme negative", {emp, u"2024"_s, u"-0.01"_s, u"1"_s}, somme, u"sumedit");
+        cas("nombre", {emp, u"2024"_s, u"1"_s, u"1,2,3"_s}, nombre, u"total_salEdit");
+        cas("nombre negatif", {emp, u"2024"_s, u"1"_s, u"-1"_s}, nombre, u"total_salEdit");
+        cas("somme sans nombre", {emp, u"2024"_s, u"0.01"_s, u"00000"_s}, valeurs, u"sumedit");
+        cas("nombre sans somme", {emp, u"2024"_s, u"0,00"_s, u"1"_s}, valeurs, u"sumedit");
     }
 
     void enteteRefuse()
     {
         QFETCH(QStringList, saisi);
         QFETCH(QString, boite);
-        QFETCH(int, focus);
+        QFETCH(QString, focus);
         BaseDas essai;
         essai.entete(1, {}, 0, 2023);
         DialogueScenario dialogue;
         dialogue.attendreAvertissement(boite);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), {saisi[0], saisi[1], false, saisi[2], saisi[3]},
-                                    dialogue)),
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(),
+                                     {saisi[0], saisi[1], false, saisi[2], saisi[3]}, dialogue)),
                  focus);
         QVERIFY(dialogue.acheve());
         QCOMPARE(essai.lignes(lesEntetes).size(), 1);
@@ -232,8 +231,7 @@ private slots:
         essai.base.Cnx.executer(u"DELETE FROM employeur"_s);
         DialogueScenario dialogue;
         dialogue.attendreAvertissement(u"Il n'y a pas d'employeur!"_s);
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), ficheEntete(), dialogue)),
-                 static_cast<int>(ChampEntete::cmbemp));
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), ficheEntete(), dialogue)), u"cmbemp"_s);
     }
 
     void figuresTropGrandes()
@@ -243,13 +241,13 @@ private slots:
         FicheEntete fiche = ficheEntete();
         fiche.sumedit = u"922337203685477.5807"_s;
         fiche.total_salEdit = u"2147483648"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, genreDas(), fiche, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, entetesDas(), fiche, dialogue));
         fiche.total_salEdit = u"2147483647"_s;
-        QCOMPARE(rang(ajouterEntete(essai.base, genreDas(), fiche, dialogue)), pasDeRefus);
+        QCOMPARE(champ(ajouterEntete(essai.base, entetesDas(), fiche, dialogue)), pasDeRefus);
         QCOMPARE(essai.base.RsEnteteDas.montant(u"sum_annuel").texte(), u"922337203685477.5807"_s);
         fiche.cmplCheck = true;
         fiche.sumedit = u"922337203685477.5808"_s;
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, genreDas(), fiche, dialogue));
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterEntete(essai.base, entetesDas(), fiche, dialogue));
     }
 
     void enteteModifie_data()
@@ -277,8 +275,8 @@ private slots:
         DialogueScenario dialogue;
         if (ecrit.isEmpty())
             dialogue.attendreAvertissement(u"Valeurs incorrectes!"_s);
-        const RefusEntete refus = modifierEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(),
-                                                 somme, effectif, dialogue);
+        const auto refus = modifierEntete(essai.base, entetesDas(), essai.base.RsEnteteDas.courant(), somme,
+                                          effectif, dialogue);
         QCOMPARE(refus.has_value(), ecrit.isEmpty());
         QCOMPARE(essai.lignes(u"SELECT sum_annuel, total_salarie FROM entete_das"_s),
                  QStringList{ecrit.isEmpty() ? u"50000|5"_s : ecrit});
@@ -311,27 +309,27 @@ private slots:
 
     void ligneControlee_data()
     {
-        using enum ChampLigneDas;
         QTest::addColumn<CasLigne>("ajout");
         QTest::addColumn<CasLigne>("modification");
         const auto cas = [](const char *nom, std::function<void(FicheLigneDas &)> saisir,
-                            const QString &moyenneAjout, const QString &refusAjout, int focusAjout,
-                            const QString &moyenneModif, const QString &refusModif, int focusModif) {
+                            const QString &moyenneAjout, const QString &refusAjout, const QString &focusAjout,
+                            const QString &moyenneModif, const QString &refusModif,
+                            const QString &focusModif) {
             QTest::newRow(nom) << CasLigne{saisir, moyenneAjout, refusAjout, focusAjout}
                                << CasLigne{saisir, moyenneModif, refusModif, focusModif};
         };
         /// Both screens alike: the average where nothing is refused before it.
         const auto memes = [&](const char *nom, std::function<void(FicheLigneDas &)> saisir,
-                               const QString &refus, ChampLigneDas focus) {
-            cas(nom, saisir, {}, refus, static_cast<int>(focus), {}, refus, static_cast<int>(focus));
+                               const QString &refus, const QString &focus) {
+            cas(nom, saisir, {}, refus, focus, {}, refus, focus);
         };
         const auto bons = [&](const char *nom, std::function<void(FicheLigneDas &)> saisir,
                               const QString &ajout, const QString &modification) {
             cas(nom, saisir, ajout, {}, pasDeRefus, modification, {}, pasDeRefus);
         };
-        constexpr int montant = static_cast<int>(sal_annueledit);
-        constexpr int duree = static_cast<int>(nbj_travailctrl);
-        constexpr int date = static_cast<int>(mskdate);
+        const QString montant = u"sal_annueledit"_s;
+        const QString duree = u"nbj_travailctrl"_s;
+        const QString date = u"mskdate"_s;
         const QString coherence = u"Date entrée ou durée travaillée erronée, veuillez rectifier SVP!"_s;
         const QString maximum = u"Durée de travail superieure au maximum autorisé!"_s;
         const QString correcte = u"Veuillez saisir une valeur correcte pour la durée de travail SVP"_s;
@@ -378,17 +376,17 @@ private slots:
                 f.nbj_travailctrl = {};
             },
             u"Vous avez rempli le champ date sans indiquer s'il s'agit d'une date d'entrée ou de sortie!"_s,
-            mskdate);
-        memes("apres la campagne", mouvement(false, u"01/07/2024"_s, -1, u'J'), compagne, mskdate);
-        memes("annee d'apres", mouvement(true, u"01/01/2025"_s, 1, u'J'), compagne, mskdate);
-        memes("duree negative", dureeSeule(-1, u'H'), correcte, nbj_travailctrl);
+            date);
+        memes("apres la campagne", mouvement(false, u"01/07/2024"_s, -1, u'J'), compagne, date);
+        memes("annee d'apres", mouvement(true, u"01/01/2025"_s, 1, u'J'), compagne, date);
+        memes("duree negative", dureeSeule(-1, u'H'), correcte, duree);
         memes("duree immensement negative", dureeSeule(std::numeric_limits<qint64>::min(), u'M'), correcte,
-              nbj_travailctrl);
+              duree);
         memes("duree immense", dureeSeule(std::numeric_limits<qint64>::max(), u'M'), maximum,
-              nbj_travailctrl);
-        memes("13 M", dureeSeule(13, u'M'), maximum, nbj_travailctrl);
-        memes("315 J", dureeSeule(315, u'J'), maximum, nbj_travailctrl);
-        memes("2513 H", dureeSeule(2513, u'H'), maximum, nbj_travailctrl);
+              duree);
+        memes("13 M", dureeSeule(13, u'M'), maximum, duree);
+        memes("315 J", dureeSeule(315, u'J'), maximum, duree);
+        memes("2513 H", dureeSeule(2513, u'H'), maximum, duree);
         cas("duree nulle", dureeSeule(0, u'J'), {}, correcte, duree, {}, {}, pasDeRefus);
         bons("12 M", dureeSeule(12, u'M'), u"50 000.00"_s, u"50 000.00"_s);
         bons("314 J", dureeSeule(314, u'J'), u"57 324.66"_s, u"42 038.30"_s);
@@ -443,7 +441,7 @@ private slots:
             else
                 dialogue.attendreAvertissement(ajout.refus);
             const auto refus = ajouterLigneDas(lignes, fiche, dialogue);
-            QCOMPARE(refus ? static_cast<int>(refus->focus) : pasDeRefus, ajout.focus);
+            QCOMPARE(refus ? refus->refus.controle.toString() : pasDeRefus, ajout.focus);
             QCOMPARE(essai.lignes(lesLignes).size(), ajout.refus.isEmpty() ? 1 : 0);
         }
         {
@@ -460,12 +458,8 @@ private slots:
                 dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
             else
                 dialogue.attendreAvertissement(modification.refus);
-            const ModificationLigneDas issue =
-                modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue);
-            QCOMPARE(issue.issue,
-                     modification.refus.isEmpty() ? IssueModification::Faite : IssueModification::Refusee);
-            if (!modification.refus.isEmpty())
-                QCOMPARE(static_cast<int>(issue.focus), modification.focus);
+            QCOMPARE(champ(modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue)),
+                     modification.focus);
             QCOMPARE(essai.lignes(lesLignes) == avant, !modification.refus.isEmpty());
         }
     }
@@ -588,8 +582,7 @@ private slots:
         modifiee.sal_annueledit = u"5"_s;
         modifiee.nbj_travailctrl = {0, u'H'};
         dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
-        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), modifiee, dialogue).issue ==
-                IssueModification::Faite);
+        QVERIFY(!modifierLigneDas(lignes, lignes.liste().courant(), modifiee, dialogue));
         QCOMPARE(essai.lignes(lesLignes).at(2), BaseDas::numero(1) + u"|1|50000|0|H|30/06/2024|S"_s);
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000052000|3"_s});
         const QString confirmation = u"Confirmez la suppression de cette ligne DAS ?"_s;
@@ -616,8 +609,7 @@ private slots:
         dialogue.attendreAvertissement(u"Aucun élément à modifier"_s);
         FicheLigneDas fiche = ficheLigne();
         fiche.nbj_travailctrl.nombre = -1;
-        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue).issue ==
-                IssueModification::Refusee);
+        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), fiche, dialogue).has_value());
     }
 
     /// Neither the line nor its sums stay when one of them can't be written.
@@ -644,8 +636,7 @@ private slots:
         autre.executer(u"DELETE FROM entete_das"_s);
         DialogueScenario dialogue;
         dialogue.attendreQuestion(question(u"50 000.00"_s, u"   "_s), true);
-        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), ficheLigne(2), dialogue).issue ==
-                IssueModification::Abandonnee);
+        QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), ficheLigne(2), dialogue) == Refus{});
         QCOMPARE(essai.lignes(lesLignes), avant);
         QVERIFY(!essai.base.Cnx.enTransaction());
     }
@@ -723,18 +714,18 @@ private slots:
     {
         DialogueScenario dialogue;
         FicheLigneDas fiche = ficheLigne();
-        QVERIFY(ctrlNumeroLigneDas(fiche, dialogue).numeroBon);
+        QVERIFY(ctrlNumeroSaisi(fiche, dialogue).numeroBon);
         for (const QString &faux : {u"8823450002"_s, u"88234500  "_s, u"882345000_"_s}) {
             fiche.num_saledit = faux;
             dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est incorrecte "_s);
-            QVERIFY(ctrlNumeroLigneDas(fiche, dialogue).reprendre);
+            QVERIFY(ctrlNumeroSaisi(fiche, dialogue).reprendre);
         }
         fiche.num_saledit = u"0000000000"_s;
         fiche.mskcle = u"99"_s; // the very key of the zeros
         dialogue.attendreAvertissement(
             u"Le numéro de sécurité sociale est à blanc, sélectionnez le salarié à "
             "partir de la commande INSERER "_s);
-        const SaisieNumero blanc = ctrlNumeroLigneDas(fiche, dialogue);
+        const SaisieNumero blanc = ctrlNumeroSaisi(fiche, dialogue);
         QVERIFY(!blanc.numeroBon && !blanc.reprendre);
 
         QVERIFY(ctrlDateLigneDas(u"__/__/____"_s, dialogue) && ctrlDateLigneDas(u"29/02/2024"_s, dialogue));

@@ -126,7 +126,7 @@ private slots:
             dialogue.attendreInformation(pris(numero));
         if (!refus.isEmpty())
             dialogue.attendreAvertissement(refus, titre);
-        QCOMPARE(CtrlDas(essai.base, dialogue), refus.isEmpty());
+        QCOMPARE(CtrlDas(essai.base, essai.base.RsEnteteDas.courant(), dialogue), refus.isEmpty());
     }
 
     void controleSansValeur_data()
@@ -202,7 +202,7 @@ private slots:
                 u"Votre fichier Présente un taux insuffisant de salariés avec un numéro de compte valide   "
                 ":  %1   %, il sera refusé, veuillez le compéter SVP"_s.arg(taux));
         }
-        QCOMPARE(CtrlDas(essai.base, dialogue), taux.isEmpty());
+        QCOMPARE(CtrlDas(essai.base, essai.base.RsEnteteDas.courant(), dialogue), taux.isEmpty());
     }
 
     /// A line whose employee is gone is in the sums, but in no file: the count of numbers finds it.

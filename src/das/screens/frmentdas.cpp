@@ -3,144 +3,82 @@
 #include "das/exportdas.h"
 #include "das/formulaires.h"
 #include "das/genredas.h"
-#include "das/screens/frm_mod_ent.h"
 #include "das/screens/frmlndas.h"
-#include "rules/dialogue.h"
+#include "declarations/entetes.h"
+#include "declarations/screens/ecranmodificationentete.h"
 #include "screens/contexte.h"
-#include "screens/focus.h"
 #include "screens/impression.h"
-#include "storage/base.h"
-#include "ui_frmentdas.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
-frmentdas::frmentdas(Contexte &contexte)
-    : FenetreTable(contexte, contexte.base.RsEnteteDas), m_ui(std::make_unique<Ui::frmentdas>())
-{
-    m_ui->setupUi(this);
-    remplirListes();
-    relier({.grille = m_ui->DataGrid1,
-            .fermer = m_ui->Command1,
-            .modifier = m_ui->cmddetail,
-            .supprimer = m_ui->cmdDelete,
-            .autres = {m_ui->cmdmod, m_ui->cmdsup, m_ui->cmdexpor, m_ui->Cmdprint, m_ui->CmdPrintLn,
-                       m_ui->CmdCD}},
-           {{u"num_emp"_s, u"N° employeur"_s},
-            {u"annee"_s, u"Année"_s},
-            {u"Type"_s, u"DAS"_s},
-            {u"sum_annuel"_s, u"Total salaires"_s},
-            {u"total_salarie"_s, u"Nombre salariés"_s},
-            {u"sum_calc"_s, u"Cumul lignes"_s},
-            {u"total_calc"_s, u"Nombre lignes"_s}});
+namespace {
 
-    Base &base = contexte.base;
-    surClic(m_ui->cmdajt, [this] { ajouter(); });
-    surClic(m_ui->cmdmod, [this] { frm_mod_ent(m_contexte, this).exec(); });
-    surClic(m_ui->cmdDelete, [this, &base] {
-        supprimerEntete(base, genreDas(), base.RsEnteteDas.courant(), m_contexte.dialogue);
-    });
-    surClic(m_ui->cmdsup, [this, &base] {
-        supprimerEnteteSeul(base, genreDas(), base.RsEnteteDas.courant(), m_contexte.dialogue);
-    });
-    surClic(m_ui->cmddetail, [this] { ouvrirLignes(); });
-    surClic(m_ui->cmdexpor,
-            [this, &base] { exporterDas(base, m_ui->chkChemin->isChecked(), m_contexte.dialogue); });
-    const auto imprimer = [this](QAbstractButton *bouton, auto formulaire) {
-        surClic(bouton, [this, formulaire] {
-            const std::optional<Document> document =
-                formulaire(m_contexte.base, m_contexte.base.RsEnteteDas.courant(), m_contexte.dialogue);
-            if (document)
-                montrerApercu(*document, m_contexte, this);
-        });
+template <std::optional<Document> Formulaire(Base &, const Enregistrement &, Dialogue &)>
+void imprimer(Contexte &contexte, const Enregistrement &entete)
+{
+    if (const std::optional<Document> document = Formulaire(contexte.base, entete, contexte.dialogue))
+        montrerApercu(*document, contexte, QApplication::activeWindow());
+}
+
+const FormeModificationEntete &formeModification()
+{
+    static const FormeModificationEntete forme{
+        .nom = u"frm_mod_ent"_s,
+        .titre = u"Modifier en-tête DAS"_s,
+        .libelleSomme = u"Total Salaires :"_s,
+        .libelleEffectif = u"Nombre Salariés :"_s,
+        .entetes = entetesDas(),
     };
-    imprimer(m_ui->Cmdprint, DataReport1);
-    imprimer(m_ui->CmdPrintLn, DataReport3);
-    imprimer(m_ui->CmdCD, DataReport2);
-    connect(m_ui->sumedit, &QLineEdit::returnPressed, m_ui->total_salEdit,
-            [this] { reprendreSaisie(*m_ui->total_salEdit); });
-    connect(m_ui->total_salEdit, &QLineEdit::returnPressed, m_ui->cmdajt, &QPushButton::click);
-    surSortie(*m_ui->sumedit, contexte.dernierRecours, [this] {
-        if (!estMontantSaisi(m_ui->sumedit->text())) {
-            m_contexte.dialogue.avertir(
-                u"Veuillez saisir un nombre, comme montant total des salaires annuels SVP !"_s);
-        }
-    });
-
-    DernierRecours &recours = contexte.dernierRecours;
-    recours.connecter(&base.RsEnteteDas, &Recordset::ligneCouranteChangee, this, &frmentdas::changerEntete);
-    recours.connecter(&base.RsEnteteDas, &QAbstractItemModel::dataChanged, this, &frmentdas::montrerSommes);
-    montrerSommes();
+    return forme;
 }
 
-frmentdas::~frmentdas() = default;
-
-void frmentdas::remplirListes()
+const FormeEntetesNumerotees &formeEntetes()
 {
-    Base &base = m_contexte.base;
-    const auto remplir = [](QComboBox *liste, Recordset &table, const QString &colonne) {
-        table.requery();
-        for (int ligne = 0; ligne < table.nombre(); ++ligne)
-            liste->addItem(table.ligne(ligne).texte(colonne));
-        liste->setCurrentIndex(-1);
+    static const FormeEntetesNumerotees forme{
+        .nom = u"frmentdas"_s,
+        .liste = {.genre = genreDas(),
+                  .fichier = fichierDas(),
+                  .colonnes = {{u"num_emp"_s, u"N° employeur"_s},
+                               {u"annee"_s, u"Année"_s},
+                               {u"Type"_s, u"DAS"_s},
+                               {u"sum_annuel"_s, u"Total salaires"_s},
+                               {u"total_salarie"_s, u"Nombre salariés"_s},
+                               {u"sum_calc"_s, u"Cumul lignes"_s},
+                               {u"total_calc"_s, u"Nombre lignes"_s}},
+                  .somme = u"sum_calc"_s,
+                  .effectif = u"total_calc"_s,
+                  .lignes = [](Contexte &contexte, const LignesDeclaration &lignes, QWidget *parent)
+                      -> EcranLignes * { return new frmlndas(contexte, lignes, parent); },
+                  .modifier =
+                      [](Contexte &contexte, const Enregistrement &entete, QWidget *parent) {
+                          EcranModificationEntete(contexte, formeModification(), entete, parent).exec();
+                      }},
+        .entetes = entetesDas(),
+        .periodes = &Base::RsAnnee,
+        .colonnePeriode = u"annee"_s,
+        .boutons = {{u"cmdsup"_s, u"Supprimer"_s, 0, 3,
+                     [](Contexte &contexte, const Enregistrement &entete) {
+                         supprimerEnteteSeul(contexte.base, genreDas(), entete, contexte.dialogue);
+                     }},
+                    {u"Cmdprint"_s, u"Imprimer Entête"_s, 2, 0, imprimer<DataReport1>},
+                    {u"CmdPrintLn"_s, u"Imprimer lignes DAS"_s, 2, 1, imprimer<DataReport3>},
+                    {u"CmdCD"_s, u"Imprimer Jaquette CD"_s, 2, 2, imprimer<DataReport2>}},
+        .titre = u"Entête DAS"_s,
+        .libellePeriode = u"Année :"_s,
+        .complementaire = u"DAS complémentaire"_s,
+        .aide = u" DAS= 1 pour les DAS principales, >1 pour les DAS complémentaires."_s,
+        .libelleSomme = u"Total Salaires :"_s,
+        .titreListe = u"Liste des DAS"_s,
+        .libelleCumul = u"Cumul Salaires :"_s,
+        .libelleNombre = u"Nombre Salariés :"_s,
+        .sommeVide = {},
+        .effectifVide = u"00000"_s,
     };
-    remplir(m_ui->cmbannee, base.RsAnnee, u"annee"_s);
-    remplir(m_ui->cmbemp, base.RsEmployeur, u"num_emp"_s);
+    return forme;
 }
 
-void frmentdas::ajouter()
-{
-    const RefusEntete refus = ajouterEntete(m_contexte.base, genreDas(),
-                                            {.cmbemp = m_ui->cmbemp->currentText(),
-                                             .periode = m_ui->cmbannee->currentText(),
-                                             .cmplCheck = m_ui->cmplCheck->isChecked(),
-                                             .sumedit = m_ui->sumedit->text(),
-                                             .total_salEdit = m_ui->total_salEdit->text()},
-                                            m_contexte.dialogue);
-    if (refus) {
-        QWidget *champs[] = {m_ui->cmbannee, m_ui->cmbemp, m_ui->cmplCheck, m_ui->sumedit,
-                             m_ui->total_salEdit};
-        reprendreSaisie(*champs[static_cast<int>(*refus)]);
-        return;
-    }
-    m_ui->sumedit->clear();
-    m_ui->total_salEdit->setText(u"00000"_s);
-    m_ui->DataGrid1->setFocus();
-}
+} // namespace
 
-void frmentdas::ouvrirLignes()
-{
-    Base &base = m_contexte.base;
-    if (!m_lignes) {
-        const LignesDeclaration lignes(base, genreDas(), cleEntete(genreDas(), base.RsEnteteDas.courant()));
-        m_lignes = new frmlndas(m_contexte, lignes, this);
-    }
-    m_lignes->show();
-    m_lignes->raise();
-    m_lignes->activateWindow();
-}
-
-/// The lines list follows the header.
-void frmentdas::changerEntete()
-{
-    montrerSommes();
-    if (!m_lignes)
-        return;
-    const Enregistrement entete = m_contexte.base.RsEnteteDas.courant();
-    if (entete.estVide())
-        m_lignes->close();
-    else
-        m_lignes->suivre(cleEntete(genreDas(), entete));
-}
-
-void frmentdas::montrerSommes()
-{
-    const Enregistrement entete = m_contexte.base.RsEnteteDas.courant();
-    const auto texte = [&](const QString &colonne, auto montrer) {
-        return entete.estVide() || entete.estNul(colonne) ? QString() : QString(montrer(colonne));
-    };
-    m_ui->calcsumEdit->setText(texte(u"sum_calc"_s, [&](const QString &colonne) {
-        return formatMasque(entete.montant(colonne), u"## ### ### ### ###.00");
-    }));
-    m_ui->calcsalEdit->setText(texte(
-        u"total_calc"_s, [&](const QString &colonne) { return QString::number(entete.entier(colonne)); }));
-}
+frmentdas::frmentdas(Contexte &contexte) : EcranEntetesNumerotees(contexte, formeEntetes()) {}
