@@ -382,8 +382,7 @@ private slots:
         memes("duree negative", dureeSeule(-1, u'H'), correcte, duree);
         memes("duree immensement negative", dureeSeule(std::numeric_limits<qint64>::min(), u'M'), correcte,
               duree);
-        memes("duree immense", dureeSeule(std::numeric_limits<qint64>::max(), u'M'), maximum,
-              duree);
+        memes("duree immense", dureeSeule(std::numeric_limits<qint64>::max(), u'M'), maximum, duree);
         memes("13 M", dureeSeule(13, u'M'), maximum, duree);
         memes("315 J", dureeSeule(315, u'J'), maximum, duree);
         memes("2513 H", dureeSeule(2513, u'H'), maximum, duree);
@@ -639,6 +638,52 @@ private slots:
         QVERIFY(modifierLigneDas(lignes, lignes.liste().courant(), ficheLigne(2), dialogue) == Refus{});
         QCOMPARE(essai.lignes(lesLignes), avant);
         QVERIFY(!essai.base.Cnx.enTransaction());
+    }
+
+    /// An older file may have left the number empty: such a declaration is one like the others.
+    void numeroVide()
+    {
+        BaseDas essai;
+        essai.ajouter(BaseDas::numero(1), 1);
+        essai.base.Cnx.executer(
+            u"INSERT INTO entete_das (num_emp, annee, Type) VALUES ('12345678', 2024, '')"_s);
+        essai.base.RsEnteteDas.requery();
+        const CleDeclaration cle = cleEntete(genreDas(), essai.base.RsEnteteDas.courant());
+        LignesDeclaration lignes(essai.base, genreDas(), cle);
+        DialogueOui oui;
+        QVERIFY(!ajouterLigneDas(lignes, ficheLigne(), oui));
+        QCOMPARE(essai.lignes(u"SELECT typeof(type_das), type_das FROM ligne_das"_s),
+                 QStringList{u"text|"_s});
+        QCOMPARE(essai.lignes(u"SELECT total_calc FROM entete_das"_s), QStringList{u"1"_s});
+        QVERIFY(!supprimerEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), oui));
+        // It counts as the first one.
+        QVERIFY(!ajouterEntete(essai.base, entetesDas(), ficheEntete(true), oui));
+        QCOMPARE(essai.base.RsEnteteDas.entier(u"Type"), 2);
+
+        essai.base.RsEnteteDas.allerA(essai.base.RsEnteteDas.chercher({{u"Type"_s, u""}}));
+        lignes.supprimer(lignes.liste().courant(), oui);
+        QVERIFY(supprimerEntete(essai.base, genreDas(), essai.base.RsEnteteDas.courant(), oui));
+    }
+
+    /// Search and refresh show other lines in the clerk's order, on the line that he was on.
+    void rechercheDansLOrdre()
+    {
+        BaseDas essai;
+        const CleDeclaration declaration = essai.entete();
+        for (int i = 1; i <= 3; ++i)
+            essai.ligne(BaseDas::numero(i));
+        LignesDeclaration lignes(essai.base, genreDas(), declaration);
+        const auto courante = [&] { return lignes.liste().texte(u"num_salarie"); };
+        lignes.liste().trier(u"num_salarie"_s, Qt::DescendingOrder);
+        lignes.liste().allerA(1);
+        lignes.chercher(u"882345"_s);
+        QCOMPARE(lignes.liste().ligne(0).texte(u"num_salarie"), BaseDas::numero(3));
+        QCOMPARE(courante(), BaseDas::numero(2));
+        lignes.chercher(BaseDas::numero(3));
+        QCOMPARE(courante(), BaseDas::numero(3));
+        lignes.montrerToutes();
+        QCOMPARE(lignes.liste().ligneCourante(), 0);
+        QCOMPARE(lignes.liste().ligne(2).texte(u"num_salarie"), BaseDas::numero(1));
     }
 
     /// Whenever the program dies, the lines that were saved are there, and the header tells of just these.

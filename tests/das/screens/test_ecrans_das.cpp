@@ -220,8 +220,12 @@ private slots:
                 champ<QRadioButton>(saisie, u"EOption"_s)->click();
                 m_dialogue.attendreQuestion(question(i == 1 ? u"50 000.04"_s : u"50 000.00"_s), true);
                 m_dialogue.attendreInformation(ajoutee);
+                QString numeroSousLaBoite;
+                m_dialogue.aChaqueBoite = [&] { numeroSousLaBoite = texte(saisie, u"num_saledit"_s); };
                 touche(Qt::Key_Return);
+                m_dialogue.aChaqueBoite = {};
                 QVERIFY(m_dialogue.acheve());
+                QCOMPARE(numeroSousLaBoite, u"0000000000"_s); // ready for the next line already
                 QCOMPARE(champ<QCalendarWidget>(saisie, u"Clend_naiss"_s)->selectedDate(), QDate(2023, 7, 1));
                 QCOMPARE(base().RsLigneDas.nombre(), i);
                 QVERIFY(!champ<QRadioButton>(saisie, u"EOption"_s)->isChecked());
@@ -458,6 +462,31 @@ private slots:
         cliquer(feuille, u"cmdmod"_s);
         if (ligne)
             QCOMPARE(base().RsEnteteDas.entier(u"Type"), 2);
+    }
+
+    /// What stands beside the lines follows other windows, and the list opens in its own order again.
+    void suitLesAutresFenetres()
+    {
+        m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"AVANT"}});
+        m_donnees->entete(1);
+        m_donnees->entete(2);
+        m_donnees->ligne(BaseDas::numero(1), 1, {}, 1);
+        {
+            const auto entetes = ouvrir(new frmentdas(*m_contexte));
+            base().RsEnteteDas.trier(u"Type"_s, Qt::DescendingOrder);
+            base().RsEnteteDas.allerA(1);
+            frmlndas *lignes = ouvrirLignes(*entetes);
+            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :AVANT"_s);
+            base().RsSalarie.modifier(base().RsSalarie.courant(), {{u"nom"_s, u"APRES"}});
+            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :APRES"_s);
+            base().RsSalarie.supprimer(base().RsSalarie.courant());
+            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :"_s);
+            base().RsEmployeur.modifier(base().RsEmployeur.courant(), {{u"adresse"_s, u"Ailleurs"}});
+            QCOMPARE(etiquette(*lignes, u"LabAdresse"_s), u"Ailleurs"_s);
+        }
+        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        QCOMPARE(base().RsEnteteDas.ligne(0).entier(u"Type"), 1);
+        QCOMPARE(base().RsEnteteDas.entier(u"Type"), 1);
     }
 
     void champsDeLigne()
