@@ -1,7 +1,6 @@
 #include "screens/ctrlduree.h"
 
 #include "screens/champnombre.h"
-#include "screens/focus.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -84,8 +83,6 @@ void ctrlDuree::vider()
     m_nombre->setText(u"0"_s);
     m_unite->setCurrentIndex(0);
 }
-
-void ctrlDuree::reprendre() { reprendreSaisie(*m_nombre); }
 
 bool ctrlDuree::eventFilter(QObject *objet, QEvent *evenement)
 {

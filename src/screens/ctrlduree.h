@@ -23,7 +23,6 @@ public:
     void setDuree(qint64 nombre, QChar unite);
     /// Back to nothing.
     void vider();
-    void reprendre();
 
 protected:
     bool eventFilter(QObject *objet, QEvent *evenement) override;
