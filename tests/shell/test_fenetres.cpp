@@ -189,7 +189,7 @@ private slots:
         parcourir(chemin, [](QWidget &fenetre) {
             const auto champs = fenetre.findChildren<QLineEdit *>();
             for (QLineEdit *champ : champs) {
-                if (champ->isReadOnly() || champsDeTexte.contains(champ->objectName()))
+                if (champ->isReadOnly() || champ->isHidden() || champsDeTexte.contains(champ->objectName()))
                     continue;
                 const auto *masque = qobject_cast<ChampMasque *>(champ);
                 QString avant = masque ? masque->vide() : u"600000"_s;
