@@ -59,7 +59,7 @@ const FormeEntetesNumerotees &formeEntetes()
         .periodes = &Base::RsAnnee,
         .colonnePeriode = u"annee"_s,
         .boutons = {{u"cmdsup"_s, u"Supprimer"_s, 0, 3,
-                     [](Contexte &contexte, const Enregistrement &entete) {
+                     [](Contexte &contexte, const Enregistrement &entete, QWidget *) {
                          supprimerEnteteSeul(contexte.base, genreDas(), entete, contexte.dialogue);
                      }},
                     {u"Cmdprint"_s, u"Imprimer Entête"_s, 2, 0, imprimer<DataReport1>},

@@ -85,7 +85,7 @@ QList<QAbstractButton *> EcranEntetesNumerotees::ajouterBoutons()
         if (!forme.action)
             continue;
         actifs += bouton;
-        surClic(bouton, [this, action = forme.action] { action(m_contexte, courante()); });
+        surClic(bouton, [this, action = forme.action] { action(m_contexte, courante(), this); });
     }
     QWidget *avant = nullptr;
     for (int rangee = 0; rangee < m_ui->boutons->rowCount(); ++rangee) {

@@ -18,7 +18,7 @@ struct BoutonEntete
     int rangee;
     int colonne;
     /// Nothing yet: the button stays off.
-    void (*action)(Contexte &contexte, const Enregistrement &entete) = nullptr;
+    void (*action)(Contexte &contexte, const Enregistrement &entete, QWidget *ecran) = nullptr;
 };
 
 /// A list of headers with numbers, told by what it has of its own.
