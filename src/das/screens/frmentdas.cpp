@@ -9,17 +9,15 @@
 #include "screens/contexte.h"
 #include "screens/impression.h"
 
-#include <QApplication>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 template <std::optional<Document> Formulaire(Base &, const Enregistrement &, Dialogue &)>
-void imprimer(Contexte &contexte, const Enregistrement &entete)
+void imprimer(Contexte &contexte, const Enregistrement &entete, QWidget *ecran)
 {
     if (const std::optional<Document> document = Formulaire(contexte.base, entete, contexte.dialogue))
-        montrerApercu(*document, contexte, QApplication::activeWindow());
+        montrerApercu(*document, contexte, ecran);
 }
 
 const FormeModificationEntete &formeModification()
