@@ -97,7 +97,7 @@ void lireDecouper(benchmark::State &etat, const QString &chemin)
         lecteur.lire();
         lecteur.lire();
         Decoupeur decoupeur;
-        std::array<QStringView, ValidateurDas::NombreChamps> champs;
+        std::array<QStringView, ValidateurDas::NombreColonnes> champs;
         qint64 lignes = 0;
         for (; !lecteur.finie(); ++lignes) {
             decoupeur.decouper(lecteur.lire(), champs);

@@ -1,6 +1,7 @@
 #include "rules/calendrier.h"
 
 #include "rules/date.h"
+#include "rules/texte.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,8 +32,8 @@ QDate limiteSansNumero(int annee) { return {annee, 6, 1}; }
 
 void BornesPeriode(QStringView code, BornesDePeriode &bornes)
 {
-    const QStringView annee = code.first(std::min<qsizetype>(code.size(), 4));
-    const QStringView periode = code.last(std::min<qsizetype>(code.size(), 2));
+    const QStringView annee = debutDe(code, 4);
+    const QStringView periode = finDe(code, 2);
     for (const Ligne &ligne : lignes) {
         if (ligne.periode != periode)
             continue;

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <algorithm>
 #include <span>
 
 /// The text of the program: characters of the code page windows-1252, one UTF-16 unit each.
@@ -15,6 +16,24 @@ inline QStringView Trim(QStringView texte)
     while (texte.endsWith(u' '))
         texte.chop(1);
     return texte;
+}
+
+/// The first characters, fewer where the text is shorter.
+inline QStringView debutDe(QStringView texte, qsizetype nombre)
+{
+    return texte.first(std::min(texte.size(), nombre));
+}
+
+/// The last characters, fewer where the text is shorter.
+inline QStringView finDe(QStringView texte, qsizetype nombre)
+{
+    return texte.last(std::min(texte.size(), nombre));
+}
+
+/// The characters from a place on, which is counted from 1; fewer where the text ends before.
+inline QStringView milieuDe(QStringView texte, qsizetype place, qsizetype nombre)
+{
+    return texte.size() < place ? QStringView() : debutDe(texte.sliced(place - 1), nombre);
 }
 
 /// The text without any blank (U+0020), inner ones included.

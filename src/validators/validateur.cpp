@@ -12,38 +12,39 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint64 PasAvancement = 1024 * 1024;
+constexpr QStringView MasqueTotal = u"## ### ### ### ###.00";
+
+/// Count of the lines less that of the header. Any number may stand in the header.
+QString ecartDesNombres(qint64 lignes, QStringView entete)
+{
+    constexpr double exact = 9e14; // what an amount holds
+    const double declare = lireNombre(entete);
+    return std::abs(declare) < exact ? (Currency::deEntier(lignes) - LireMontant(entete)).texte()
+                                     : texteNombre(static_cast<double>(lignes) - declare);
+}
 
 } // namespace
 
-void CumulSalaires::ajouter(double entier, int centiemes)
+Validateur::Validateur(const Particularites &particularites)
+    : ControleLigne(particularites.motsAvecValeur), m_particularites(particularites)
 {
-    constexpr double limite = 1e15;
-    constexpr qint64 comble = std::numeric_limits<qint64>::max() / 2;
-    if (std::abs(entier) >= limite || m_centiemes > comble || m_centiemes < -comble) {
-        const double debordement = m_debordement + entier + centiemes / 100.0;
-        if (!std::isfinite(debordement))
-            throw ErreurConversion(u"Dépassement de capacité : le total des salaires est trop grand."_s);
-        m_debordement = debordement;
-        return;
-    }
-    m_centiemes += static_cast<qint64>(entier) * 100 + centiemes;
 }
 
 void Validateur::vider()
 {
-    rejets.vider();
-    sansIncidence.vider();
-    nbErrRejet = nbErrOK = nbLignes = 0;
+    ControleLigne::vider();
     totalSalaires = {};
-    rejetDur = false;
     m_resultat.clear();
     m_resultat2.clear();
+    LabTotSalaires.clear();
+    LabTotSalaries.clear();
     m_lus = m_total = 0;
     reinitialiser();
 }
@@ -60,32 +61,47 @@ Verdict Validateur::extraire(QIODevice &source, const QString &nom, Dialogue &di
     vider();
     m_dialogue = &dialogue;
     m_nomFichier = majuscules(nom);
+    const QStringView titre = m_particularites.titreChoix;
     if (nom.isEmpty())
-        return interrompre(u"Aucun fichier n'a été sélectionné !!!"_s);
+        return interrompre(u"Aucun fichier n'a été sélectionné !!!"_s, titre);
     if (!m_nomFichier.endsWith(u".TXT"))
-        return interrompre(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s);
+        return interrompre(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s, titre);
     if (!source.isOpen())
         ouvrir(source, nom);
     m_total = source.size();
     LecteurLignes lecteur(source);
     try {
         if (lecteur.finie())
-            return interrompre(u"FICHIER VIDE !!!!!!!!!!!"_s);
+            return interrompre(u"FICHIER VIDE !!!!!!!!!!!"_s, titre);
         return derouler(lecteur);
     } catch (const std::bad_alloc &) {
         vider(); // it is no fault of the file, and whoever tells it needs some memory
         throw;
     } catch (const std::exception &) {
-        this->dialogue().afficher(
-            u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme sépateur décimal) !"_s);
+        dire(
+            u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme "_s +
+            m_particularites.separateur + u" décimal) !"_s);
         return Verdict::Interrompue;
     }
 }
 
-Verdict Validateur::interrompre(const QString &message)
+Verdict Validateur::interrompre(const QString &message, QStringView titre)
 {
-    dialogue().afficher(message, titreInfo());
+    dialogue().afficher(message, titre.toString());
     return Verdict::Interrompue;
+}
+
+bool Validateur::premiereLigne(const QString &marque)
+{
+    const auto marques = m_particularites.marques;
+    const auto trouvee = std::find(marques.begin(), marques.end(), marque);
+    m_rangMarque = trouvee - marques.begin();
+    if (trouvee != marques.end())
+        return true;
+    interrompre(m_particularites.fautePremiereLigne.toString(), m_particularites.titreDebut);
+    if (m_particularites.anomalieAussi)
+        throw ErreurConversion(u"La première ligne n'est pas celle du format."_s);
+    return false;
 }
 
 Verdict Validateur::derouler(LecteurLignes &lecteur)
@@ -93,7 +109,7 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
     if (!premiereLigne(marqueDe(lecteur.lire())))
         return Verdict::Interrompue;
     if (lecteur.finie())
-        return interrompre(u"FICHIER INCOMPLET !!!!!!!!!!!"_s);
+        return interrompre(u"FICHIER INCOMPLET !!!!!!!!!!!"_s, m_particularites.titreDebut);
     if (!entete(decoder(lecteur.lire())))
         return Verdict::Interrompue;
 
@@ -110,11 +126,11 @@ Verdict Validateur::derouler(LecteurLignes &lecteur)
     if (m_lus < m_total)
         throw ErreurFichier(u"Le fichier a été raccourci pendant sa lecture."_s);
 
-    dialogue().afficher(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s +
-                        QString::number(nbErrRejet) + u"\n  - Sans Incidence : "_s +
-                        QString::number(nbErrOK));
+    dire(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : "_s + QString::number(nbErrRejet) +
+         u"\n  - Sans Incidence : "_s + QString::number(nbErrOK));
     joindre(m_resultat, u"Nbre Erreurs De Rejet : "_s + QString::number(nbErrRejet) +
-                            u" ,  Sans Incidence : "_s + QString::number(nbErrOK) + u'\n');
+                            u" ,  Sans Incidence : "_s + QString::number(nbErrOK) +
+                            (m_particularites.finApresCompte ? u"\n"_s : QString()));
     return conclure();
 }
 
@@ -125,72 +141,69 @@ Dialogue &Validateur::dialogue()
     return *m_dialogue;
 }
 
+void Validateur::dire(const QString &texte)
+{
+    dialogue().afficher(texte, m_particularites.titreSuite.toString());
+}
+
 QList<Validateur::Libelle> Validateur::libellesResultat() const
 {
-    const QStringList noms = nomsResultat();
-    return {{noms[0], m_resultat}, {noms[1], m_resultat2}};
+    return {{m_particularites.resultats[0].toString(), m_resultat},
+            {m_particularites.resultats[1].toString(), m_resultat2}};
 }
 
-void Validateur::enMajuscules(QStringView champ)
+QList<Validateur::Libelle> Validateur::libelles() const
 {
-    mettreEnMajuscules({caracteres(champ), static_cast<std::size_t>(champ.size())});
+    return libellesResultat() + libellesPropres() +
+           QList<Libelle>{{u"LabTotSalaires"_s, LabTotSalaires}, {u"LabTotSalaries"_s, LabTotSalaries}};
 }
 
-void Validateur::oterBlancs(QStringView &champ)
+QString Validateur::titreImpression(const ListesErreurs &listes) const
 {
-    QChar *debut = caracteres(champ);
-    champ = champ.first(std::remove(debut, debut + champ.size(), u' ') - debut);
+    return (&listes == &rejets ? u"LISTE DES ERREURS DE REJET "_s : u"LISTE DES ERREURS MODIFIEES "_s) +
+           m_particularites.nom + u" EMPLOYEUR N° "_s + enTitre();
 }
 
-QString Validateur::prefixe(QStringView apresLigne) const
+void Validateur::compter(Champ salaire)
 {
-    return u"Ligne N°:"_s + apresLigne + QString::number(nbLignes + 1) + u"  -  N° SS: "_s +
-           m_personne.numero;
-}
-
-QString Validateur::prefixeNoms(QStringView apresLigne) const
-{
-    return prefixe(apresLigne) + u"  -  Nom : "_s + m_personne.nom + u' ' + m_personne.prenom;
-}
-
-void Validateur::signaler(Classe classe, const QString &entree, const QString &mots)
-{
-    const bool rejet = classe != Classe::SansIncidence;
-    (rejet ? rejets : sansIncidence)
-        .ajouter(entree, nbLignes + 1, m_personne.numero, QString(m_personne.nom + u' ' + m_personne.prenom),
-                 mots);
-    ++(rejet ? nbErrRejet : nbErrOK);
-    rejetDur = rejetDur || classe == Classe::RejetDur;
-}
-
-void Validateur::signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots,
-                                QStringView motsListe)
-{
-    const QString valeurDe = label + u" = "_s + valeur;
-    signaler(classe, prefixeNoms() + u"  -  "_s + valeurDe + mots, valeurDe + motsListe);
-}
-
-void Validateur::signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots)
-{
-    signalerValeur(classe, label, valeur, mots, mots);
-}
-
-void Validateur::ajouterSalaire(QStringView salaire)
-{
-    const qsizetype point = salaire.indexOf(SepDecimal);
-    int centiemes = 0;
-    if (point >= 0) {
-        for (const qsizetype place : {point + 1, point + 2}) {
-            centiemes *= 10;
-            if (place >= salaire.size())
-                continue;
-            if (!estChiffre(salaire[place]))
-                throw ErreurConversion(u"« %1 » n'est pas un nombre."_s.arg(salaire));
-            centiemes += salaire[place].unicode() - u'0';
-        }
-    }
-    totalSalaires.ajouter(Val(point >= 0 ? salaire.first(point) : salaire), centiemes);
+    totalSalaires.ajouter(valeur(salaire));
     ++nbLignes;
+}
+
+void Validateur::comparerTotaux(QString &montant, QStringView effectif)
+{
+    m_ongletsPermis = true;
+    LabTotSalaires = formatMasque(totalSalaires.valeur(), MasqueTotal);
+    LabTotSalaries = QString::number(nbLignes);
+    montant = formatMasque(lireNombre(sansBlancs(montant)), MasqueTotal);
+
+    const Currency ecart = LireMontant(LabTotSalaires) - LireMontant(montant);
+    const QStringView masque = m_particularites.masqueEcart;
+    direEcart(ecart.texte(), masque.isEmpty() ? ecart.texte() : formatMasque(ecart, masque),
+              m_particularites.montantDesLignes);
+    const QString nombre = ecartDesNombres(nbLignes, effectif);
+    direEcart(nombre, nombre, m_particularites.nombreDesLignes);
+}
+
+void Validateur::direEcart(const QString &ecart, const QString &montre, QStringView sujet)
+{
+    const bool egaux = ecart == u"0";
+    if (egaux && m_particularites.egaliteTue)
+        return;
+    QString texte = sujet +
+                    (egaux                    ? u" = "_s
+                     : ecart.startsWith(u'-') ? u" < "_s
+                                              : u" > "_s) +
+                    m_particularites.celuiDeLentete;
+    if (!egaux)
+        texte += u" de  "_s + montre;
+    joindre(m_resultat2, texte);
+}
+
+void Validateur::noterFaute(QString &fautes, bool fautif, QStringView mots)
+{
+    if (fautif)
+        joindre(fautes, mots + (fautes.isEmpty() ? u"!!!"_s : u" !!!"_s));
 }
 
 void Validateur::joindre(QString &libelle, const QString &texte)

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "validators/decoupeur.h"
-#include "validators/listeserreurs.h"
+#include "validators/controleligne.h"
+#include "validators/cumulsalaires.h"
+#include "validators/particularites.h"
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 
@@ -20,36 +20,11 @@ enum class Verdict {
     Interrompue, ///< it ended before
 };
 
-/// How grave an error of a line is.
-enum class Classe {
-    RejetDur,      ///< listed as reject; the declaration will be returned
-    Rejet,         ///< listed as reject
-    SansIncidence, ///< the fund puts it right by itself
-};
-
-/// A sum of wages to the hundredth, exact as far as 64 bits reach.
-class CumulSalaires
-{
-public:
-    /// @throws ErreurConversion when no floating-point number holds the sum
-    void ajouter(double entier, int centiemes);
-    double valeur() const
-    {
-        const auto entier = static_cast<double>(m_centiemes / 100);
-        return entier + static_cast<double>(m_centiemes % 100) / 100 + m_debordement;
-    }
-
-private:
-    qint64 m_centiemes = 0;
-    double m_debordement = 0;
-};
-
 /// The frame that the validators of all file formats share: the opening of the file and its first lines, the
-/// lists and their counters, the failure path, the summary. A validator only reads.
-class Validateur
+/// failure path, the summary, the totals. A validator only reads.
+class Validateur : public ControleLigne
 {
 public:
-    Validateur() = default;
     virtual ~Validateur() = default;
     Validateur(const Validateur &) = delete;
     Validateur &operator=(const Validateur &) = delete;
@@ -63,7 +38,8 @@ public:
     /// @throws ErreurFichier when the file can't be opened
     Verdict extraire(const QString &chemin, Dialogue &dialogue);
 
-    /// The same for data that is open already. @param nom the file's name, without a folder
+    /// The same for a file of another source, opened here if it is not yet. @param nom the file's name,
+    /// without a folder
     Verdict extraire(QIODevice &source, const QString &nom, Dialogue &dialogue);
 
     /// Called from time to time, and before each box, with the bytes read and those of the whole file.
@@ -76,7 +52,7 @@ public:
         QString texte;
     };
     /// All labels that the extraction fills.
-    virtual QList<Libelle> libelles() const = 0;
+    QList<Libelle> libelles() const;
     /// The two labels that hold the results as text: errors and header first, totals second.
     QList<Libelle> libellesResultat() const;
 
@@ -85,26 +61,20 @@ public:
     /// Whether an extraction has come as far as the totals, since the validator was made.
     bool ongletsPermis() const { return m_ongletsPermis; }
     /// The line of title of the printed list.
-    virtual QString titreImpression(const ListesErreurs &listes) const = 0;
+    QString titreImpression(const ListesErreurs &listes) const;
 
-    ListesErreurs rejets;
-    ListesErreurs sansIncidence;
-    qint64 nbErrRejet = 0;
-    qint64 nbErrOK = 0;
-    qint64 nbLignes = 0;
     CumulSalaires totalSalaires;
 
 protected:
-    /// Names of the two result labels.
-    virtual QStringList nomsResultat() const = 0;
-    /// Title of the boxes about the file as such.
-    virtual QString titreInfo() const = 0;
+    explicit Validateur(const Particularites &particularites);
+
+    /// The labels that show the header, and others that the format has of its own.
+    virtual QList<Libelle> libellesPropres() const = 0;
+    /// The employer's number and the time that the title of the printed list names.
+    virtual QString enTitre() const = 0;
     /// Empties the labels and sets the working fields back.
     virtual void reinitialiser() = 0;
-    /// Tests the format mark: the first line, trimmed, without tabs, in capitals.
-    /// @return false to end quietly; a throw takes the failure path
-    virtual bool premiereLigne(const QString &marque) = 0;
-    /// Reads and shows the header. @return false to end quietly
+    /// Reads and shows the header. @return false to end quietly; a throw takes the failure path
     virtual bool entete(const QString &ligne) = 0;
     /// Checks one data line and adds its wage.
     virtual void ligne(QByteArrayView octets) = 0;
@@ -113,62 +83,42 @@ protected:
 
     /// The dialogue of the running extraction; the labels on the screen are brought up to date first.
     Dialogue &dialogue();
+    /// A plain box under the format's own title.
+    void dire(const QString &texte);
 
-    /// Cuts a data line; its fields are valid until the next line.
-    void decouper(QByteArrayView octets, std::span<QStringView> champs)
-    {
-        m_decoupeur.decouper(octets, champs);
-    }
-    /// The characters of a field of the running line, for rewriting in place.
-    static QChar *caracteres(QStringView champ) { return const_cast<QChar *>(champ.data()); }
-    /// The field in capitals, in place.
-    static void enMajuscules(QStringView champ);
-    /// The field without its blanks, in place.
-    static void oterBlancs(QStringView &champ);
+    /// Which of the format's first lines the file has.
+    qsizetype rangMarque() const { return m_rangMarque; }
 
-    /// Who the running line is about, for the entries.
-    struct Personne
-    {
-        QStringView numero;
-        QStringView nom;
-        QStringView prenom;
-    };
-    void situer(const Personne &personne) { m_personne = personne; }
-    /// "Ligne N°:", the number of the line and the social-security number. @param apresLigne stands before
-    /// the number
-    QString prefixe(QStringView apresLigne = u"") const;
-    /// The same with surname and first name.
-    QString prefixeNoms(QStringView apresLigne = u"") const;
-    /// Lists an error of the running line.
-    void signaler(Classe classe, const QString &entree, const QString &mots);
-    /// Entry with names, label, " = ", value and words; its words are label, " = ", value and motsListe.
-    void signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots,
-                        QStringView motsListe);
-    void signalerValeur(Classe classe, QStringView label, QStringView valeur, QStringView mots);
-
-    /// Adds the wage of the running line, digits with a "." as separator, and counts the line.
-    /// Decimals behind the second are dropped. @throws ErreurConversion when one of the first two is no digit
-    void ajouterSalaire(QStringView salaire);
-
+    /// Adds words to the faults of a header: behind others a blank stands before the marks.
+    static void noterFaute(QString &fautes, bool fautif, QStringView mots);
     /// Adds a text behind a line end where the label already holds something.
     static void joindre(QString &libelle, const QString &texte);
     /// Whether all characters are among these.
     static bool faitDe(QStringView texte, QStringView permis);
 
-    bool rejetDur = false;
+    /// Adds the wage of the running line and counts the line.
+    void compter(Champ salaire);
+
+    /// Shows the totals of the lines and says how they stand to those of the header.
+    /// @param montant the label of the header's amount, which gets the form of an amount
+    /// @param effectif as the file has it
+    void comparerTotaux(QString &montant, QStringView effectif);
+
     QString m_resultat;  ///< first result label
     QString m_resultat2; ///< second result label
 
-    void permettreOnglets() { m_ongletsPermis = true; }
-
 private:
     Verdict derouler(LecteurLignes &lecteur);
-    Verdict interrompre(const QString &message);
+    Verdict interrompre(const QString &message, QStringView titre);
+    bool premiereLigne(const QString &marque);
+    void direEcart(const QString &ecart, const QString &montre, QStringView sujet);
 
+    const Particularites &m_particularites;
     Dialogue *m_dialogue = nullptr;
     QString m_nomFichier;
-    Decoupeur m_decoupeur;
-    Personne m_personne;
+    QString LabTotSalaires;
+    QString LabTotSalaries;
+    qsizetype m_rangMarque = 0;
     qint64 m_lus = 0;
     qint64 m_total = 0;
     bool m_ongletsPermis = false;

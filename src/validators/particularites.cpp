@@ -1,0 +1,50 @@
+#include "validators/particularites.h"
+
+#include "rules/fonds.h"
+
+namespace {
+
+constexpr std::array marquesDas{fonds::MarqueDas};
+
+} // namespace
+
+constexpr ParticularitesSalaires particularitesDas{
+    .cadre =
+        {
+            .nom = u"DAS",
+            .marques = marquesDas,
+            .fautePremiereLigne =
+                u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!",
+            .anomalieAussi = true,
+            .titreChoix = u"DAS INFO",
+            .titreDebut = u"DAS INFO",
+            .titreEntete = u"DAS INFO",
+            .titreSuite = {},
+            .separateur = u"sépateur",
+            .finApresCompte = true,
+            .motsAvecValeur = true,
+            .resultats = {u"LabDAS", u"LabDAS2"},
+            .montantDesLignes = u"Total Lignes DAS",
+            .nombreDesLignes = u"Total Nb Salariés Lignes DAS",
+            .celuiDeLentete = u"Entête DAS",
+            .masqueEcart = {},
+            .egaliteTue = false,
+        },
+    .placePeriode = 14,
+    .longueurPeriode = 4,
+    .fauteEmployeur = u"Erreur N° Employeur Deuxième Ligne différent du Nom du Fichier ",
+    .labelPeriode = u"Année Deuxième Ligne différente du Nom du Fichier!!!",
+    .numeroNul = u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!",
+    .numero = u"Numéro DAS Non Numérique ou Négatif",
+    .montant = u"Montant Total des Salaires Non Numérique ou Négatif",
+    .nonNumerique = Classe::Rejet,
+    .finCleFausse = u"! ",
+    .motsNom = u" est Vide ou incorrecte",
+    .chiffresRefuses = true,
+    .motsNationaliteVide = u" =  est Vide",
+    .motsSansSalaire = u" non autorisé",
+    .unites = {.lettres = u"MJH",
+               .mots = u" est Différent de M(Mois), J(Jour) ou H(Heure)",
+               .classe = Classe::RejetDur},
+    .dureeMaximale = fonds::dureeMaximale,
+};
