@@ -1,5 +1,5 @@
-// The headers of Qt and of the standard library that most files use, compiled once. No file relies on it: each
-// includes what it uses.
+// The headers of Qt and of the standard library that most files use, compiled once. No file relies on it:
+// each includes what it uses.
 #pragma once
 
 #include <QAbstractTableModel>

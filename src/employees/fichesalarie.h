@@ -1,7 +1,7 @@
 #pragma once
 
-#include "storage/enregistrement.h"
 #include "rules/identite.h"
+#include "storage/enregistrement.h"
 
 #include <QString>
 #include <QStringList>

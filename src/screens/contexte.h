@@ -1,5 +1,7 @@
 #pragma once
 
+class QString;
+
 class Base;
 class DernierRecours;
 class Dialogue;

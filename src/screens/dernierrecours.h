@@ -42,7 +42,7 @@ public:
     {
         return QObject::connect(
             emetteur, signal, recepteur, [this, recepteur, action](auto... valeurs) -> void {
-                agir([&] { appeler<sizeof...(valeurs)>(recepteur, action, std::tie(valeurs...)); });
+                this->agir([&] { appeler<sizeof...(valeurs)>(recepteur, action, std::tie(valeurs...)); });
             });
     }
 

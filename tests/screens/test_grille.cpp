@@ -4,8 +4,8 @@
 #include "screens/fenetretable.h"
 #include "screens/focus.h"
 #include "storage/base.h"
-#include "storage/resultat.h"
 #include "storage/demarrage.h"
+#include "storage/resultat.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/commun/menutemoin.h"
 
