@@ -75,5 +75,3 @@ QString texteDate(QDate date)
     poser(10, date.year());
     return texte;
 }
-
-QDate aujourdhui() { return QDate::currentDate(); }

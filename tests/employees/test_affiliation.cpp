@@ -1,6 +1,7 @@
 #include "rules/date.h"
 #include "rules/identite.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/horloge.h"
 #include "tests/employees/basesalaries.h"
 
 #include <QElapsedTimer>
@@ -49,11 +50,13 @@ Faute etranger(const Faute &faute = tous({}))
     };
 }
 
+constexpr int cetteAnnee = 2024;
+
 /// The same person, born that many calendar years ago, with the number that goes with it.
 Faute ne(const QString &jourMois, int ans)
 {
     return [=](FicheSalarie &fiche) {
-        fiche.mskdate = jourMois + QString::number(aujourdhui().year() - ans);
+        fiche.mskdate = jourMois + QString::number(cetteAnnee - ans);
         fiche.num_salmask.replace(0, 2, fiche.mskdate.right(2));
         fiche.clemask = CleSS(fiche.num_salmask);
     };
@@ -131,6 +134,8 @@ class TestAffiliation : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { arreterHorloge(QDate(cetteAnnee, 12, 31)); }
+
     void controle_data()
     {
         QTest::addColumn<Faute>("faute");

@@ -7,6 +7,7 @@
 #include "screens/dernierrecours.h"
 #include "screens/grille.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/horloge.h"
 #include "tests/commun/menutemoin.h"
 #include "tests/reference/basereference.h"
 
@@ -96,7 +97,11 @@ class TestCampagnes : public QObject
 
     void cliquer(const char16_t *bouton) { QTest::mouseClick(&trouver<QPushButton>(bouton), Qt::LeftButton); }
 
+    static constexpr int cetteAnnee = 2024;
+
 private slots:
+    void initTestCase() { arreterHorloge(QDate(cetteAnnee, 12, 31)); }
+
     void init()
     {
         m_essai = std::make_unique<BaseReference>();
@@ -118,7 +123,6 @@ private slots:
         QTest::addColumn<QString>("saisie");
         QTest::addColumn<QString>("refus");
         QTest::addColumn<QString>("ligne");
-        const int cetteAnnee = aujourdhui().year();
         QTest::newRow("nothing") << QString() << choisir << QString();
         QTest::newRow("blanks") << u"    "_s << incorrecte << QString();
         QTest::newRow("letters") << u"deux"_s << incorrecte << QString();
@@ -248,7 +252,6 @@ private slots:
         QCOMPARE(m_fenetre->objectName(), u"frmannee"_s);
         auto &liste = trouver<QComboBox>(u"cmbannee");
         auto &grille = trouver<Grille>(u"DataGrid1");
-        const int cetteAnnee = aujourdhui().year();
         QCOMPARE(liste.count(), 6);
         QCOMPARE(liste.itemText(5), QString::number(cetteAnnee - 5));
         QCOMPARE(liste.currentText(), QString::number(cetteAnnee));
@@ -293,7 +296,7 @@ private slots:
         auto &annee = trouver<QComboBox>(u"cmbannee");
         auto &mois = trouver<QComboBox>(u"CmbMois");
         QCOMPARE(annee.count(), 11);
-        QCOMPARE(annee.itemText(10), QString::number(aujourdhui().year() - 10));
+        QCOMPARE(annee.itemText(10), QString::number(cetteAnnee - 10));
         m_dialogue->attendreAvertissement(u"Veuillez selectionner l'exercice SVP"_s);
         cliquer(u"cmb_add");
         QVERIFY(annee.hasFocus());
