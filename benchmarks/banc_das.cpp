@@ -1,13 +1,18 @@
 #include "das/controledas.h"
 #include "das/exportdas.h"
+#include "das/formulaires.h"
 #include "das/genredas.h"
 #include "das/importdas.h"
 #include "das/lignedas.h"
 #include "declarations/lignes.h"
 #include "rules/dialogue.h"
+#include "screens/impression.h"
+#include "screens/miseenpage.h"
 #include "tests/das/basedas.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
 
 #include <benchmark/benchmark.h>
 
@@ -143,6 +148,34 @@ void importerFichier(benchmark::State &etat)
     }
 }
 
+/// The list of the lines, from the button to the pages that the clerk sees.
+void montrerApercu(benchmark::State &etat)
+{
+    BaseDas &essai = declaration(etat.range(0));
+    Muet muet;
+    for (auto _ : etat) {
+        const MiseEnPage pages(*DataReport3(essai.base, essai.base.RsEnteteDas.courant(), muet));
+        QPrinter imprimante(QPrinter::HighResolution);
+        preparer(imprimante, pages);
+        QPrintPreviewWidget apercu(&imprimante);
+        QObject::connect(&apercu, &QPrintPreviewWidget::paintRequested, &apercu,
+                         [&pages](QPrinter *sur) { imprimer(pages, *sur); });
+        apercu.updatePreview();
+        if (apercu.pageCount() != pages.pages())
+            etat.SkipWithError("not shown");
+    }
+}
+
+/// The same from the button to the file.
+void ecrirePdf(benchmark::State &etat)
+{
+    BaseDas &essai = declaration(etat.range(0));
+    Muet muet;
+    const QString chemin = essai.fichier(u"liste.pdf"_s, {});
+    for (auto _ : etat)
+        enregistrerPdf(MiseEnPage(*DataReport3(essai.base, essai.base.RsEnteteDas.courant(), muet)), chemin);
+}
+
 constexpr int plusGrande = 100'000;
 
 BENCHMARK(ouvrirLignes)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
@@ -153,13 +186,16 @@ BENCHMARK(ajouterLigne)
     ->Iterations(50);
 BENCHMARK(controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 BENCHMARK(importerFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(montrerApercu)->Range(10'000, 10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ecrirePdf)->Range(10'000, 10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ecrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     bases.clear(); // while the database drivers are still there

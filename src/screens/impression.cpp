@@ -118,29 +118,28 @@ void montrerApercu(const Document &document, Contexte &contexte, QWidget *parent
     apercu.setWindowTitle(document.titre);
     contexte.dernierRecours.connecter(&apercu, &QPrintPreviewDialog::paintRequested, &apercu,
                                       [&pages](QPrinter *sur) { imprimer(pages, *sur); });
-    const auto action = [&apercu](const char *texte) {
-        const QString traduit = QPrintPreviewDialog::tr(texte);
-        for (QAction *une : apercu.findChildren<QAction *>()) {
-            if (une->text() == traduit)
-                return une;
-        }
-        qFatal("The print preview has no action « %s ».", texte);
-    };
-    // The sheet is the document's own.
-    for (const char *texte : {"Portrait", "Landscape", "Page setup"})
-        action(texte)->setVisible(false);
-
+    QAction *impression = nullptr;
+    for (QAction *action : apercu.findChildren<QAction *>()) {
+        const auto est = [action](const char *texte) {
+            return action->text() == QPrintPreviewDialog::tr(texte);
+        };
+        // The sheet is the document's own.
+        if (est("Portrait") || est("Landscape") || est("Page setup"))
+            action->setVisible(false);
+        else if (est("Print"))
+            impression = action;
+    }
     auto *barre = apercu.findChild<QToolBar *>();
-    QAction *impression = action("Print");
-    impression->setShortcut(QKeySequence::Print);
     auto *pdf = new QAction(apercu.style()->standardIcon(QStyle::SP_DialogSaveButton),
                             u"Enregistrer en PDF..."_s, &apercu);
     pdf->setObjectName(u"EnregistrerPdf"_s);
     pdf->setIconText(pdf->text());
-    pdf->setShortcut(QKeySequence::Save);
     // First, and in words: a narrow window hides what comes last.
     QAction *premiere = barre->actions().constFirst();
     for (QAction *visible : {impression, pdf}) {
+        if (!visible)
+            continue;
+        visible->setShortcut(visible == pdf ? QKeySequence::Save : QKeySequence::Print);
         barre->insertAction(premiere, visible);
         qobject_cast<QToolButton *>(barre->widgetForAction(visible))
             ->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -157,7 +156,7 @@ void montrerApercu(const Document &document, Contexte &contexte, QWidget *parent
 
     apercu.setWindowFlag(Qt::WindowMaximizeButtonHint);
     apercu.resize(QSize(1000, 800).boundedTo(apercu.screen()->availableSize() * 0.95));
-    if (document.paysage)
-        apercu.findChild<QAction *>(u"fitWidthAction"_s)->trigger();
+    if (auto *largeur = apercu.findChild<QAction *>(u"fitWidthAction"_s); largeur && document.paysage)
+        largeur->trigger();
     apercu.exec();
 }
