@@ -319,10 +319,10 @@ private slots:
     // What can't be had is told at the end; what was validated before it stands whole.
     void ressources()
     {
-        QFETCH(bool, memoire);
 #if !defined(Q_OS_LINUX) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
         QSKIP("the limits need Linux, and a program without sanitizer");
 #else
+        QFETCH(bool, memoire);
         const QString premier = ecrire(u"ressources/1/12345678_DAS_2024.txt"_s, bon);
         const QString immense = ecrire(u"ressources/2/12345678_DAS_2024.txt"_s, marque + entete);
         QVERIFY(QFile(immense).resize(250'000'000)); // one endless line
