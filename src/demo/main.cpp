@@ -67,6 +67,8 @@ int main(int argc, char **argv)
     dire(u"Déclaration exportée :"_s, parcours.fichier);
     dire(u"Réponse du validateur :"_s, rapport);
     dire(u"La même en JSON :"_s, json);
+    for (const QString &formulaire : parcours.formulaires)
+        dire(u"Formulaire :"_s, formulaire);
     dire(u"%1 écrans :"_s.arg(images), ecrans);
     std::fputs(resultat.verdict == Verdict::Acceptee ? "La déclaration est acceptée.\n"
                                                      : "La déclaration n'est pas acceptée.\n",

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -107,7 +108,8 @@ void dansLaFenetre(const QString &nom, const std::function<void(QWidget &)> &act
     });
 }
 
-/// The hand that answers the boxes: OK or Oui to each, and the one file to each file dialog.
+/// The hand that answers the boxes: OK or Oui to each, and to each file dialog the exported file, or the next
+/// printed form where one is to be saved.
 class Repondeur : public QObject
 {
 public:
@@ -136,9 +138,11 @@ private:
 
     void choisir(QFileDialog &choix)
     {
-        champ<QLineEdit>(choix, u"fileNameEdit"_s)->setText(m_parcours.fichier);
+        const bool sauve = choix.acceptMode() == QFileDialog::AcceptSave;
+        champ<QLineEdit>(choix, u"fileNameEdit"_s)
+            ->setText(sauve ? m_parcours.formulaires.constLast() : m_parcours.fichier);
         const auto *boutons = champ<QDialogButtonBox>(choix, u"buttonBox"_s);
-        repondre(choix, *boutons->button(QDialogButtonBox::Open));
+        repondre(choix, *boutons->button(sauve ? QDialogButtonBox::Save : QDialogButtonBox::Open));
     }
 
     /// The window behind gets the keys again; a window system does that of itself.
@@ -326,12 +330,27 @@ private:
         cliquer(*lignes, u"cmdclose"_s);
 
         activer(m_principale);
+        formulaire(entetes, u"Cmdprint"_s, u"DataReport1"_s);
+        formulaire(entetes, u"CmdPrintLn"_s, u"DataReport3"_s);
+        formulaire(entetes, u"CmdCD"_s, u"DataReport2"_s);
         cliquer(entetes, u"chkChemin"_s);
         montrer(entetes);
         montrer(m_principale);
         m_parcours.fichier = dossierExpor() + u'/' + Employeur + u"_DAS_"_s + Campagne + u".txt"_s;
         cliquer(entetes, u"cmdexpor"_s);
         cliquer(entetes, u"Command1"_s);
+    }
+
+    /// Saves a form from its preview.
+    void formulaire(const QWidget &entetes, const QString &bouton, const QString &nom)
+    {
+        dansLaFenetre(nom, [&](QWidget &apercu) {
+            montrer(apercu);
+            m_parcours.formulaires += QDir::homePath() + u'/' + nom + u".pdf"_s;
+            champ<QAction>(apercu, u"EnregistrerPdf"_s)->trigger();
+        });
+        cliquer(entetes, bouton);
+        activer(m_principale);
     }
 
     void ligne(QWidget &saisie, const Personne &personne)

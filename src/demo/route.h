@@ -11,6 +11,8 @@ struct Parcours
 {
     /// The file that the program exported.
     QString fichier;
+    /// The printed forms, each a PDF.
+    QStringList formulaires;
     /// The texts of all boxes, in the order of their coming.
     QStringList boites;
 };
@@ -20,6 +22,6 @@ using MontrerEcran = std::function<void(QWidget &ecran)>;
 
 /// Starts the program on an empty home folder and walks the whole road of one annual declaration as a clerk
 /// does, through its menu and its windows by keys and clicks: campaign, employer, nationalities, twelve
-/// employees, header, lines, export, validation, comparison with the nominative declarations. A warning, a
-/// failure or a control that is missing ends the process with a message.
+/// employees, header, lines, printed forms, export, validation, comparison with the nominative declarations.
+/// A warning, a failure or a control that is missing ends the process with a message.
 Parcours parcourirRoute(int argc, char **argv, const MontrerEcran &montrer = {});

@@ -41,7 +41,7 @@ private slots:
         QCOMPARE(parcours.boites.last(fin.size()), fin);
         QCOMPARE(ecrans,
                  u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
-                 "frmlndas frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s.split(u' '));
+                 "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s.split(u' '));
     }
 };
 
