@@ -118,7 +118,7 @@ QByteArray ancienFichier(int64_t lignes)
     for (int64_t i = 0; i < lignes; ++i) {
         // Numbers come in no order.
         fichier +=
-            QByteArray::number(i * 7919 % 999'983).rightJustified(12, '8') +
+            QByteArray::number(888'888'000'000 + i * 7919 % 999'983) +
             QByteArray("NOM " + QByteArray::number(i)).leftJustified(30) +
             QByteArray("PRENOM").leftJustified(30) + "M04/03/1988" + QByteArray("ALGER").leftJustified(40) +
             QByteArray("12 RUE DES ROSIERS").leftJustified(50) + QByteArray("ALGER").leftJustified(50) +
