@@ -281,9 +281,9 @@ private slots:
                          u";D'ARC"_s + suite + u"600000;12;M;01/07/2023"_s + fin + u"000000000000;NOUVEAU"_s +
                          suite + u"50000;8;H;10/06/2024"_s + fin));
 
-        for (const auto &[bouton, formulaire] :
-             {std::pair(u"Cmdprint"_s, u"DataReport1"_s), {u"CmdPrintLn"_s, u"DataReport3"_s},
-              {u"CmdCD"_s, u"DataReport2"_s}}) {
+        for (const auto &[bouton, formulaire] : {std::pair(u"Cmdprint"_s, u"DataReport1"_s),
+                                                 {u"CmdPrintLn"_s, u"DataReport3"_s},
+                                                 {u"CmdCD"_s, u"DataReport2"_s}}) {
             dansLaFenetre([&](QWidget &apercu) { QCOMPARE(apercu.objectName(), formulaire); });
             cliquer(*entetes, bouton);
         }
