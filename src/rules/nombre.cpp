@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -120,6 +121,48 @@ Decimal decimalDe(Currency valeur)
     decimal.avantPoint = static_cast<int>(decimal.chiffres.size()) - 4;
     decimal.oterZeros();
     return decimal;
+}
+
+/// @throws ErreurConversion for a text that is no number
+Decimal decimalDe(QStringView texte)
+{
+    if (!EstNumerique(texte))
+        refuserNombre(texte);
+    Decimal decimal;
+    bool apresPoint = false;
+    for (const QChar c : texte) {
+        if (estChiffre(c)) {
+            decimal.chiffres += static_cast<char>(c.unicode());
+            decimal.avantPoint += apresPoint ? 0 : 1;
+        } else if (c == u'-') {
+            decimal.negatif = true;
+        } else if (c == SepDecimal || c == SepAutre) {
+            apresPoint = true;
+        }
+    }
+    decimal.oterZeros();
+    return decimal;
+}
+
+/// To the last digit.
+Decimal operator*(const Decimal &a, const Decimal &b)
+{
+    std::vector<int> places(static_cast<std::size_t>(a.chiffres.size() + b.chiffres.size()));
+    for (qsizetype i = a.chiffres.size() - 1; i >= 0; --i) {
+        for (qsizetype j = b.chiffres.size() - 1; j >= 0; --j) {
+            const auto place = static_cast<std::size_t>(i + j + 1);
+            places[place] += (a.chiffres[i] - '0') * (b.chiffres[j] - '0');
+            places[place - 1] += places[place] / 10;
+            places[place] %= 10;
+        }
+    }
+    Decimal produit;
+    produit.negatif = a.negatif != b.negatif;
+    produit.avantPoint = a.avantPoint + b.avantPoint;
+    for (const int chiffre : places)
+        produit.chiffres += static_cast<char>('0' + chiffre);
+    produit.oterZeros();
+    return produit;
 }
 
 /// Plain text: "0" before the point when nothing else stands there, decimals as far as the digits go.
@@ -378,4 +421,12 @@ QString formatMasque(double valeur, QStringView masque)
 QString formatMasque(Currency valeur, QStringView masque)
 {
     return formater(decimalDe(valeur), Masque(masque));
+}
+
+QString formatProduit(std::initializer_list<QStringView> facteurs, QStringView masque)
+{
+    Decimal produit = decimalDe(u"1");
+    for (const QStringView facteur : facteurs)
+        produit = produit * decimalDe(facteur);
+    return formater(produit, Masque(masque));
 }

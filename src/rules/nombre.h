@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <compare>
+#include <initializer_list>
 
 /// The decimal separator in labels, messages and masks, and the other one. Readers take both.
 inline constexpr QLatin1Char SepDecimal('.');
@@ -74,3 +75,8 @@ QString texteNombre(double valeur);
 /// zero.
 QString formatMasque(double valeur, QStringView masque);
 QString formatMasque(Currency valeur, QStringView masque);
+
+/// The product of numbers in the form of EstNumerique through a mask. It is exact, so that it is rounded
+/// once.
+/// @throws ErreurConversion for a text that is no number
+QString formatProduit(std::initializer_list<QStringView> facteurs, QStringView masque);

@@ -136,6 +136,18 @@ private slots:
         }
     }
 
+    void produits()
+    {
+        const QString masque = u"## ### ### ###.00"_s;
+        QCOMPARE(formatProduit({u"429377.32", u"0.00375"}, masque), u"1 610.16"_s); // 1610.16495
+        QCOMPARE(formatProduit({u"33,5", u"103.15", u"0.75"}, masque), u"2 591.64"_s);
+        QCOMPARE(formatProduit({u"0.0001", u"-49", u"+00.90"}, u"0.0000"), u"-0.0044"_s);
+        QCOMPARE(formatProduit({u"99999999999999", u"99999999999999"}, u"# ##0"_s),
+                 u"9 999 999 999 999 800 000 000 000 000"_s);
+        QCOMPARE(formatProduit({u"0", u"-5"}, masque), u".00"_s);
+        QVERIFY_THROWS_EXCEPTION(ErreurConversion, formatProduit({u"1", u"x"}, masque));
+    }
+
     void nombresSimples()
     {
         using Cas = std::pair<double, QStringView>;
