@@ -60,14 +60,20 @@ QString ChampMasque::vide() const
     return texte;
 }
 
+bool ChampMasque::accepte(qsizetype place, QChar c) const
+{
+    if (m_masque[place] == u'&')
+        return c.isPrint();
+    return estChiffre(c) || c == u' ' || c == m_invite[0];
+}
+
 /// Whether the text is one that the field can hold as it stands.
 bool ChampMasque::estConforme(const QString &texte) const
 {
     if (texte.size() != m_masque.size())
         return false;
     for (qsizetype i = 0; i < texte.size(); ++i) {
-        const QChar c = texte[i];
-        if (estLibre(i) ? !estChiffre(c) && c != u' ' && c != m_invite[0] : c != m_masque[i])
+        if (estLibre(i) ? !accepte(i, texte[i]) : texte[i] != m_masque[i])
             return false;
     }
     return true;
@@ -126,13 +132,15 @@ QString ChampMasque::masquer(const QString &saisie, int &curseur) const
             place = separateur + 1;
             continue;
         }
-        if (!estChiffre(c) && c != u' ' && c != m_invite[0])
-            continue;
-        while (place < texte.size() && !estLibre(place))
-            ++place;
-        if (place == texte.size())
+        qsizetype libre = place;
+        while (libre < texte.size() && !estLibre(libre))
+            ++libre;
+        if (libre == texte.size())
             break;
-        texte[place++] = c;
+        if (!accepte(libre, c))
+            continue;
+        texte[libre] = c;
+        place = libre + 1;
     }
     // Behind the last digit of a group the cursor waits behind the separator.
     while (!venu.isEmpty() && place < texte.size() && !estLibre(place))

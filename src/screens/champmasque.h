@@ -2,10 +2,11 @@
 
 #include "screens/champnombre.h"
 
-/// A field of fixed length with a mask such as "##/##/####": "#" and "9" take a digit or a blank, every other
-/// character stands for itself. Its text is always what it shows, prompt characters included, as the rules
-/// read it: "__/__/____" when nothing is entered. A separator typed early ends its group, "1/" giving 01.
-/// Typing and pasting overwrite; deleting puts the prompt back without moving what stands behind.
+/// A field of fixed length with a mask such as "##/##/####": "#" and "9" take a digit or a blank, "&" takes
+/// any character, every other one stands for itself. Its text is always what it shows, prompt characters
+/// included, as the rules read it: "__/__/____" when nothing is entered. A separator typed early ends its
+/// group, "1/" giving 01. Typing and pasting overwrite; deleting puts the prompt back without moving what
+/// stands behind.
 class ChampMasque : public ChampNombre
 {
     Q_OBJECT
@@ -34,7 +35,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent *evenement) override;
 
 private:
-    bool estLibre(qsizetype place) const { return m_masque[place] == u'#' || m_masque[place] == u'9'; }
+    bool estLibre(qsizetype place) const { return QStringView(u"#9&").contains(m_masque[place]); }
+    /// Whether the free place takes the character.
+    bool accepte(qsizetype place, QChar c) const;
 
     bool estConforme(const QString &texte) const;
     qsizetype separateurDevant(QChar c, qsizetype place) const;

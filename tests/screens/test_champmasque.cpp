@@ -68,6 +68,9 @@ private slots:
             << date << u"_"_s << u"01/07/2024"_s << -1 << u"^V31/__/____"_s << u"31/__/____"_s << 10;
         QTest::newRow("coller des lettres")
             << huit << u"_"_s << n << -1 << u"^Vabc\n\t"_s << u"________"_s << 0;
+        QTest::newRow("tout caractere") << u"&&&&&&"_s << u" "_s << n << 0 << u"1a_<b"_s << u"1ab   "_s << 3;
+        QTest::newRow("coller une reference groupee")
+            << u"&&&&&&"_s << u"_"_s << n << -1 << u"^V12 3x"_s << u"123x__"_s << 4;
         QTest::newRow("chiffres d'ailleurs")
             << huit << u"_"_s << n << -1 << u"^V\u0661²"_s << u"________"_s << 0;
     }
