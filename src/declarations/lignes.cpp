@@ -13,6 +13,17 @@ LignesDeclaration::LignesDeclaration(Base &base, const GenreDeclaration &genre, 
     liste().ouvrir(lignesDe(m_genre, m_cle));
 }
 
+Enregistrement LignesDeclaration::entete() const
+{
+    const Enregistrement lue = lireEntete(m_base, m_genre, m_cle);
+    if (!lue.estVide())
+        return lue;
+    QStringList valeurs;
+    for (const PaireCle &paire : m_genre.cle)
+        valeurs += m_cle.texte(paire.entete);
+    throw ErreurBase(u"L'en-tête de cette déclaration (%1) n'existe plus."_s.arg(valeurs.join(u", ")));
+}
+
 void LignesDeclaration::passerA(const CleDeclaration &cle)
 {
     m_cle = cle;
@@ -78,13 +89,7 @@ void LignesDeclaration::supprimer(const Enregistrement &lue, Dialogue &dialogue)
 void LignesDeclaration::recalculer()
 {
     // From the table itself: what another program has added up meanwhile is no reason to refuse.
-    const Enregistrement entete = lireEntete(m_base, m_genre, m_cle);
-    if (entete.estVide()) {
-        QStringList valeurs;
-        for (const PaireCle &paire : m_genre.cle)
-            valeurs += m_cle.texte(paire.entete);
-        throw ErreurBase(u"L'en-tête de cette déclaration (%1) n'existe plus."_s.arg(valeurs.join(u", ")));
-    }
+    const Enregistrement lue = entete();
     QStringList expressions;
     for (const SommeEntete &somme : m_genre.sommes)
         expressions += somme.expression;
@@ -95,5 +100,5 @@ void LignesDeclaration::recalculer()
     Champs champs;
     for (int i = 0; i < m_genre.sommes.size(); ++i)
         champs.append({m_genre.sommes[i].colonne, totaux.entier(i)});
-    (m_base.*m_genre.entetes).modifier(entete, champs);
+    (m_base.*m_genre.entetes).modifier(lue, champs);
 }

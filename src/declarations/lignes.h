@@ -17,6 +17,8 @@ public:
     const CleDeclaration &cle() const { return m_cle; }
     Base &base() const { return m_base; }
     Recordset &liste() const { return m_base.*m_genre.lignes; }
+    /// The header, read now. @throws ErreurBase when it is gone
+    Enregistrement entete() const;
 
     /// Turns to another declaration, all lines shown.
     void passerA(const CleDeclaration &cle);

@@ -20,14 +20,14 @@ void FenetreTable::relier(const Controles &controles, const QList<ColonneGrille>
     if (controles.supprimer)
         connect(controles.grille, &Grille::suppressionDemandee, controles.supprimer, &QAbstractButton::click);
 
-    QList<QAbstractButton *> boutons = controles.autres;
+    QList<QWidget *> avecLigne = controles.autres;
     for (QAbstractButton *bouton : {controles.modifier, controles.supprimer}) {
         if (bouton)
-            boutons += bouton;
+            avecLigne += bouton;
     }
-    const auto permettre = [this, boutons] {
-        for (QAbstractButton *bouton : boutons)
-            bouton->setEnabled(m_recordset.rowCount() > 0);
+    const auto permettre = [this, avecLigne] {
+        for (QWidget *un : avecLigne)
+            un->setEnabled(m_recordset.rowCount() > 0);
     };
     permettre();
     connect(&m_recordset, &QAbstractItemModel::rowsInserted, this, permettre);

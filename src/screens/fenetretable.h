@@ -24,8 +24,8 @@ protected:
         QAbstractButton *modifier = nullptr;
         /// Pressed by the Delete key, too.
         QAbstractButton *supprimer = nullptr;
-        /// More buttons that need a row.
-        QList<QAbstractButton *> autres = {};
+        /// More buttons that need a row, or boxes of them.
+        QList<QWidget *> autres = {};
     };
 
     /// Requeries the table, in its own order again. @throws ErreurBase when it is not open: the window does

@@ -6,6 +6,7 @@
 #include "screens/contexte.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +26,7 @@ void EcranEntetes::relier(const ControlesEntetes &controles)
          .fermer = controles.fermer,
          .modifier = controles.cmddetail,
          .supprimer = controles.cmdDelete,
-         .autres = controles.autres + QList<QAbstractButton *>{controles.cmdmod, controles.cmdexpor}},
+         .autres = controles.autres + QList<QWidget *>{controles.cmdmod, controles.cmdexpor}},
         m_forme.colonnes);
     surClic(controles.cmdmod, [this] { m_forme.modifier(m_contexte, courante(), this); });
     surClic(controles.cmdDelete,
@@ -39,8 +40,16 @@ void EcranEntetes::relier(const ControlesEntetes &controles)
     DernierRecours &recours = m_contexte.dernierRecours;
     const Recordset &entetes = m_contexte.base.*m_forme.genre.entetes;
     recours.connecter(&entetes, &Recordset::ligneCouranteChangee, this, &EcranEntetes::changerEntete);
-    recours.connecter(&entetes, &QAbstractItemModel::dataChanged, this, &EcranEntetes::montrerSommes);
+    recours.connecter(&entetes, &QAbstractItemModel::dataChanged, this, &EcranEntetes::changerEntete);
     montrerSommes();
+}
+
+void EcranEntetes::remplirListe(QComboBox &liste, Recordset &table, const QString &colonne)
+{
+    table.requery();
+    for (int ligne = 0; ligne < table.nombre(); ++ligne)
+        liste.addItem(table.ligne(ligne).texte(colonne));
+    liste.setCurrentIndex(-1);
 }
 
 Enregistrement EcranEntetes::courante() const { return (m_contexte.base.*m_forme.genre.entetes).courant(); }
@@ -56,7 +65,7 @@ void EcranEntetes::ouvrirLignes()
     m_lignes->activateWindow();
 }
 
-/// The lines list follows the header.
+/// The lines list follows the header, whose key may have been changed.
 void EcranEntetes::changerEntete()
 {
     montrerSommes();

@@ -7,6 +7,7 @@
 
 class EcranLignes;
 class QCheckBox;
+class QComboBox;
 class QLineEdit;
 class LignesDeclaration;
 struct FichierDeclaration;
@@ -45,12 +46,15 @@ protected:
         QCheckBox *chkChemin;
         QLineEdit *calcsumEdit;
         QLineEdit *calcsalEdit;
-        /// More buttons that need a row.
-        QList<QAbstractButton *> autres = {};
+        /// More that needs a row.
+        QList<QWidget *> autres = {};
     };
 
     /// To be called once the controls are there.
     void relier(const ControlesEntetes &controles);
+
+    /// Fills a list of choices with a column of the table as it is now; nothing is chosen.
+    static void remplirListe(QComboBox &liste, Recordset &table, const QString &colonne);
 
     /// The current header as it is shown.
     Enregistrement courante() const;

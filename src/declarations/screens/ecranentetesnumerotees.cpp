@@ -14,7 +14,8 @@ EcranEntetesNumerotees::EcranEntetesNumerotees(Contexte &contexte, const FormeEn
 {
     m_ui->setupUi(this);
     habiller();
-    remplirListes();
+    remplirListe(*m_ui->periode, contexte.base.*forme.periodes, forme.colonnePeriode);
+    remplirListe(*m_ui->cmbemp, contexte.base.RsEmployeur, u"num_emp"_s);
     relier({.DataGrid1 = m_ui->DataGrid1,
             .cmdmod = m_ui->cmdmod,
             .cmdDelete = m_ui->cmdDelete,
@@ -74,9 +75,9 @@ void EcranEntetesNumerotees::habiller()
 
 /// The buttons of this declaration alone, in the order of Tab that their places give.
 /// @return those that do something
-QList<QAbstractButton *> EcranEntetesNumerotees::ajouterBoutons()
+QList<QWidget *> EcranEntetesNumerotees::ajouterBoutons()
 {
-    QList<QAbstractButton *> actifs;
+    QList<QWidget *> actifs;
     for (const BoutonEntete &forme : m_forme.boutons) {
         auto *bouton = new QPushButton(forme.texte, this);
         bouton->setObjectName(forme.nom);
@@ -98,19 +99,6 @@ QList<QAbstractButton *> EcranEntetesNumerotees::ajouterBoutons()
         }
     }
     return actifs;
-}
-
-void EcranEntetesNumerotees::remplirListes()
-{
-    Base &base = m_contexte.base;
-    const auto remplir = [](QComboBox *liste, Recordset &table, const QString &colonne) {
-        table.requery();
-        for (int ligne = 0; ligne < table.nombre(); ++ligne)
-            liste->addItem(table.ligne(ligne).texte(colonne));
-        liste->setCurrentIndex(-1);
-    };
-    remplir(m_ui->periode, base.*m_forme.periodes, m_forme.colonnePeriode);
-    remplir(m_ui->cmbemp, base.RsEmployeur, u"num_emp"_s);
 }
 
 void EcranEntetesNumerotees::ajouter()

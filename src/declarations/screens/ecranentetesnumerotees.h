@@ -64,8 +64,7 @@ public:
 
 private:
     void habiller();
-    void remplirListes();
-    QList<QAbstractButton *> ajouterBoutons();
+    QList<QWidget *> ajouterBoutons();
     void ajouter();
 
     const FormeEntetesNumerotees &m_forme;
