@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -100,6 +101,27 @@ void boutonsParEntree(QWidget &feuille)
     const auto boutons = feuille.findChildren<QPushButton *>();
     for (QPushButton *bouton : boutons)
         bouton->setAutoDefault(true);
+}
+
+bool passerAuSuivant(const QKeyEvent &touche, const QList<QWidget *> &champs, QAbstractButton &bouton)
+{
+    if (touche.key() != Qt::Key_Return && touche.key() != Qt::Key_Enter)
+        return false;
+    const QWidget *ici = QApplication::focusWidget();
+    for (qsizetype i = 0; i < champs.size(); ++i) {
+        if (champs[i] != ici && !champs[i]->isAncestorOf(ici))
+            continue;
+        if (i + 1 < champs.size()) {
+            champs[i + 1]->setFocus(Qt::TabFocusReason);
+        } else {
+            // The focus leaves the last field first, so that what leaving it tells comes before the save.
+            bouton.setFocus(Qt::TabFocusReason);
+            if (bouton.hasFocus())
+                bouton.click();
+        }
+        return true;
+    }
+    return false;
 }
 
 void fermerPar(QAbstractButton &bouton, QWidget &feuille)

@@ -6,6 +6,7 @@
 
 class DernierRecours;
 class QAbstractButton;
+class QKeyEvent;
 struct Refus;
 
 /// Gives the focus back to a refused field, with its text selected and its tab in front.
@@ -16,6 +17,10 @@ void reprendreSaisie(QWidget &feuille, const Refus &refus);
 
 /// Lets Enter press the button that has the focus, as in a dialog.
 void boutonsParEntree(QWidget &feuille);
+
+/// Lets an Enter go from field to field, and press the button behind the last one.
+/// @return whether the key was an Enter in one of the fields
+bool passerAuSuivant(const QKeyEvent &touche, const QList<QWidget *> &champs, QAbstractButton &bouton);
 
 /// Makes the button close its window. Going to it is not leaving a field.
 void fermerPar(QAbstractButton &bouton, QWidget &feuille);

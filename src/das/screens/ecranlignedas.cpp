@@ -6,8 +6,6 @@
 #include "screens/focus.h"
 #include "ui_ecranlignedas.h"
 
-#include <QKeyEvent>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,29 +18,6 @@ constexpr Selon<QStringView> titre{u"Ajouter une ligne DAS", u"Modifier une lign
 
 } // namespace difference
 
-/// Lets Enter go from field to field, and press the button behind the last one.
-/// @return whether the key was an Enter in one of the fields
-bool passerAuSuivant(const QKeyEvent &touche, const QList<QWidget *> &champs, QAbstractButton &bouton)
-{
-    if (touche.key() != Qt::Key_Return && touche.key() != Qt::Key_Enter)
-        return false;
-    const QWidget *ici = QApplication::focusWidget();
-    for (qsizetype i = 0; i < champs.size(); ++i) {
-        if (champs[i] != ici && !champs[i]->isAncestorOf(ici))
-            continue;
-        if (i + 1 < champs.size()) {
-            champs[i + 1]->setFocus(Qt::TabFocusReason);
-        } else {
-            // The focus leaves the last field first, so that what leaving it tells comes before the save.
-            bouton.setFocus(Qt::TabFocusReason);
-            if (bouton.hasFocus())
-                bouton.click();
-        }
-        return true;
-    }
-    return false;
-}
-
 } // namespace
 
 EcranLigneDas::EcranLigneDas(Forme forme, Contexte &contexte, LignesDeclaration &lignes,
@@ -51,14 +26,13 @@ EcranLigneDas::EcranLigneDas(Forme forme, Contexte &contexte, LignesDeclaration 
       m_ui(std::make_unique<Ui::EcranLigneDas>())
 {
     m_ui->setupUi(this);
-    habiller();
+    setObjectName(difference::nom[forme].toString());
+    setWindowTitle(difference::titre[forme].toString());
+    m_numero.poser(forme, *m_ui->champs, *m_ui->sal_annueledit);
     relierChamps();
     relier(m_ui->cmdok, m_ui->CancelButton);
     if (m_forme == Forme::Creation) {
-        m_numero.relier(contexte, *this,
-                        {m_ui->num_saledit, m_ui->mskcle, m_ui->cmdins, m_ui->Lab_nom, m_ui->lab_prenom,
-                         m_ui->Lab_date_naiss},
-                        [this] { m_ui->cmdok->setFocus(); });
+        m_numero.relier(contexte, *this, [this] { m_ui->cmdok->setFocus(); });
         vider();
         m_ui->sal_annueledit->setText(u"00000000.00"_s);
         surClic(m_ui->cmdok, [this] { ajouter(); });
@@ -69,18 +43,6 @@ EcranLigneDas::EcranLigneDas(Forme forme, Contexte &contexte, LignesDeclaration 
 }
 
 EcranLigneDas::~EcranLigneDas() = default;
-
-void EcranLigneDas::habiller()
-{
-    setObjectName(difference::nom[m_forme].toString());
-    setWindowTitle(difference::titre[m_forme].toString());
-    // The employee is typed in the one window and only shown in the other.
-    QList<QWidget *> autres{m_ui->LabNumero};
-    if (m_forme == Forme::Modification)
-        autres = {m_ui->num_saledit, m_ui->LabCle, m_ui->mskcle, m_ui->cmdins};
-    for (QWidget *autre : autres)
-        autre->hide();
-}
 
 /// What the controls do to each other. An option that is on is turned off by a second click: without one the
 /// line has no movement.
@@ -109,9 +71,8 @@ void EcranLigneDas::quitterDate()
 
 void EcranLigneDas::keyPressEvent(QKeyEvent *evenement)
 {
-    QList<QWidget *> champs{m_ui->sal_annueledit, m_ui->nbj_travailctrl, m_ui->mskdate};
-    if (m_forme == Forme::Creation)
-        champs = QList<QWidget *>{m_ui->num_saledit, m_ui->mskcle} + champs;
+    const QList<QWidget *> champs =
+        m_numero.champs() + QList<QWidget *>{m_ui->sal_annueledit, m_ui->nbj_travailctrl, m_ui->mskdate};
     if (!passerAuSuivant(*evenement, champs, *m_ui->cmdok))
         FenetreSaisie::keyPressEvent(evenement);
 }
@@ -143,11 +104,8 @@ void EcranLigneDas::ecrire(const FicheLigneDas &fiche)
 
 void EcranLigneDas::remplir()
 {
-    const QString numero = m_lue.texte(u"num_salarie");
     ecrire(remplirFicheLigneDas(m_lue));
-    m_ui->LabNumero->setText(numero);
-    montrerSalarie(salarieDe(m_lignes.base().Cnx, numero, m_lue.entier(u"cpt_z")), *m_ui->Lab_nom,
-                   *m_ui->lab_prenom, *m_ui->Lab_date_naiss);
+    m_numero.montrer(m_lignes.base().Cnx, m_lue.texte(u"num_salarie"), m_lue.entier(u"cpt_z"));
     reprendreSaisie(*m_ui->sal_annueledit);
 }
 

@@ -29,7 +29,6 @@ protected:
     void keyPressEvent(QKeyEvent *evenement) override;
 
 private:
-    void habiller();
     void relierChamps();
     FicheLigneDas lire() const;
     void ecrire(const FicheLigneDas &fiche);
