@@ -15,51 +15,71 @@ QString dire(const Boite &boite)
              boite.premierParDefaut ? QStringLiteral("premier") : QStringLiteral("second"));
 }
 
+Attente boite(const QString &texte, const QString &titre, Icone icone, Boutons boutons = Boutons::Ok,
+              bool reponse = true, bool premierParDefaut = true)
+{
+    return {Attente::DeBoite,
+            {titre.isEmpty() ? TitreApplication.toString() : titre, texte, icone, boutons, premierParDefaut},
+            reponse,
+            {},
+            {}};
+}
+
 void echouer(const QString &texte) { QTest::qFail(qPrintable(texte), __FILE__, __LINE__); }
 
 } // namespace
 
-DialogueScenario::~DialogueScenario() { acheve(); }
-
-void DialogueScenario::attendre(const QString &texte, const QString &titre, Icone icone, Boutons boutons,
-                                bool reponse, bool premierParDefaut)
+Attente boites::avertissement(const QString &texte, const QString &titre)
 {
-    Attente attente;
-    attente.boite = {titre.isEmpty() ? TitreApplication.toString() : titre, texte, icone, boutons,
-                     premierParDefaut};
-    attente.reponse = reponse;
-    m_attentes.append(attente);
+    return boite(texte, titre, Icone::Avertissement);
 }
+
+Attente boites::information(const QString &texte, const QString &titre)
+{
+    return boite(texte, titre, Icone::Information);
+}
+
+Attente boites::critique(const QString &texte, const QString &titre)
+{
+    return boite(texte, titre, Icone::Critique);
+}
+
+Attente boites::question(const QString &texte, bool oui, const QString &titre, bool ouiParDefaut)
+{
+    return boite(texte, titre, Icone::Question, Boutons::OuiNon, oui, ouiParDefaut);
+}
+
+DialogueScenario::~DialogueScenario() { acheve(); }
 
 void DialogueScenario::attendreAvertissement(const QString &texte, const QString &titre)
 {
-    attendre(texte, titre, Icone::Avertissement, Boutons::Ok, true, true);
+    m_attentes += boites::avertissement(texte, titre);
 }
 
 void DialogueScenario::attendreInformation(const QString &texte, const QString &titre)
 {
-    attendre(texte, titre, Icone::Information, Boutons::Ok, true, true);
+    m_attentes += boites::information(texte, titre);
 }
 
 void DialogueScenario::attendreCritique(const QString &texte, const QString &titre)
 {
-    attendre(texte, titre, Icone::Critique, Boutons::Ok, true, true);
+    m_attentes += boites::critique(texte, titre);
 }
 
 void DialogueScenario::attendreBoite(const QString &texte, const QString &titre)
 {
-    attendre(texte, titre, Icone::Aucune, Boutons::Ok, true, true);
+    m_attentes += boite(texte, titre, Icone::Aucune);
 }
 
 void DialogueScenario::attendreQuestion(const QString &texte, bool oui, const QString &titre,
                                         bool ouiParDefaut, Icone icone)
 {
-    attendre(texte, titre, icone, Boutons::OuiNon, oui, ouiParDefaut);
+    m_attentes += boite(texte, titre, icone, Boutons::OuiNon, oui, ouiParDefaut);
 }
 
 void DialogueScenario::attendreConfirmation(const QString &texte, bool ok, const QString &titre)
 {
-    attendre(texte, titre, Icone::Question, Boutons::OkAnnuler, ok, true);
+    m_attentes += boite(texte, titre, Icone::Question, Boutons::OkAnnuler, ok);
 }
 
 void DialogueScenario::attendreFichier(const QString &chemin)

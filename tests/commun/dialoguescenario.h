@@ -18,6 +18,27 @@ protected:
     bool montrer(const Boite &) override { return true; }
 };
 
+/// What a test expects to come next, with the clerk's answer.
+struct Attente
+{
+    enum Genre { DeBoite, DeFichier, DeDestination } genre = DeBoite;
+    Boite boite;
+    bool reponse = true;
+    QString propose;
+    QString chemin;
+};
+using Attentes = QList<Attente>;
+
+/// Expected boxes as data; the titles default to the application's.
+namespace boites {
+
+Attente avertissement(const QString &texte, const QString &titre = {});
+Attente information(const QString &texte, const QString &titre = {});
+Attente critique(const QString &texte, const QString &titre = {});
+Attente question(const QString &texte, bool oui, const QString &titre = {}, bool ouiParDefaut = true);
+
+} // namespace boites
+
 /// A dialogue that holds the boxes a test expects, in order, with the clerk's answers. It fails the test on
 /// the first box that differs in text, title, icon or buttons, and on expected boxes that never came.
 class DialogueScenario : public Dialogue
@@ -25,6 +46,7 @@ class DialogueScenario : public Dialogue
 public:
     ~DialogueScenario() override;
 
+    void attendre(const Attentes &suite) { m_attentes += suite; }
     /// The titles default to the application's.
     void attendreAvertissement(const QString &texte, const QString &titre = {});
     void attendreInformation(const QString &texte, const QString &titre = {});
@@ -51,19 +73,8 @@ protected:
     bool montrer(const Boite &boite) override;
 
 private:
-    struct Attente
-    {
-        enum Genre { DeBoite, DeFichier, DeDestination } genre = DeBoite;
-        Boite boite;
-        bool reponse = true;
-        QString propose;
-        QString chemin;
-    };
-
-    void attendre(const QString &texte, const QString &titre, Icone icone, Boutons boutons, bool reponse,
-                  bool premierParDefaut);
     bool prendre(Attente::Genre genre, const QString &venu, Attente &attente);
 
-    QList<Attente> m_attentes;
+    Attentes m_attentes;
     bool m_echoue = false;
 };

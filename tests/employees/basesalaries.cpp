@@ -1,48 +1,22 @@
 #include "tests/employees/basesalaries.h"
 
-#include "storage/schema.h"
-
-#include <QFile>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 BaseSalaries::BaseSalaries()
 {
-    if (!m_dossier.isValid())
-        qFatal("no temporary folder");
-    {
-        Connexion cnx;
-        cnx.ouvrir(chemin());
-        Transaction transaction(cnx);
-        for (const Table &table : tablesDuSchema()) {
-            cnx.definir(table.creation());
-            for (const QString &ordre : table.creationIndex())
-                cnx.definir(ordre);
-        }
-        for (const auto &[code, nom] : {std::pair{u"01", u"ADRAR"}, {u"16", u"ALGER"}})
-            cnx.inserer(u"Wilaya"_s, {{u"Code"_s, code}, {u"Libelle"_s, nom}});
-        for (const auto &[code, nom] :
-             {std::pair{u"1601", u"Alger centre"}, {u"0102", u"TIMIMOUN"}, {u"0101", u"ADRAR"}})
-            cnx.inserer(u"Commune"_s, {{u"Code"_s, code}, {u"Libelle"_s, nom}});
-        for (const auto &[code, nom] : {std::pair{u"004", u"Algérie"},
-                                        {u"001", u"Afghanistan"},
-                                        {u"002", u"Afrique du Sud"},
-                                        {u"003", u"Albanie"},
-                                        {u"005", u"Allemagne"}})
-            cnx.inserer(u"Nationalite"_s, {{u"ID"_s, code}, {u"Libelle"_s, nom}});
-        transaction.commit();
-    }
-    ouvrirPourSalaries(base, chemin());
-}
-
-QString BaseSalaries::fichier(const QString &nom, const QByteArray &octets) const
-{
-    QFile fichier(m_dossier.filePath(nom));
-    if (!fichier.open(QIODevice::WriteOnly) || fichier.write(octets) != octets.size())
-        qFatal("%s not written", qPrintable(nom));
-    return fichier.fileName();
+    for (const auto &[code, nom] : {std::pair{u"01", u"ADRAR"}, {u"16", u"ALGER"}})
+        base.RsWilaya.ajouter({{u"Code"_s, code}, {u"Libelle"_s, nom}});
+    for (const auto &[code, nom] :
+         {std::pair{u"1601", u"Alger centre"}, {u"0102", u"TIMIMOUN"}, {u"0101", u"ADRAR"}})
+        base.RsCommune.ajouter({{u"Code"_s, code}, {u"Libelle"_s, nom}});
+    for (const auto &[code, nom] : {std::pair{u"004", u"Algérie"},
+                                    {u"001", u"Afghanistan"},
+                                    {u"002", u"Afrique du Sud"},
+                                    {u"003", u"Albanie"},
+                                    {u"005", u"Allemagne"}})
+        base.RsNationalite.ajouter({{u"ID"_s, code}, {u"Libelle"_s, nom}});
 }
 
 void BaseSalaries::ajouter(const QString &numero, qint64 cpt_z, const Champs &champs)
@@ -77,44 +51,6 @@ void BaseSalaries::ajouter(const QString &numero, qint64 cpt_z, const Champs &ch
     }
     base.Cnx.inserer(u"salarie"_s, tous);
     base.RsSalarie.requery();
-}
-
-void BaseSalaries::peupler(int salaries)
-{
-    base.Cnx.executer(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
-        "INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, date_naiss, profes, etranger, IdNat, "
-        "lieu_naiss) "
-        "SELECT printf('%012d', i * 4999), 1, char(65 + i % 26) || 'NOM' || (i * 7919 % 100003), "
-        "'PRENOM' || i % 97, date('1950-01-01', (i % 15000) || ' days'), 'METIER' || i % 41, 'N', '004', "
-        "'   VILLE' || i % 1541 FROM n"_s,
-        {salaries});
-    base.RsSalarie.requery();
-}
-
-QStringList BaseSalaries::lignes(Connexion &cnx, const QString &sql)
-{
-    QStringList resultat;
-    Requete requete = cnx.lire(sql);
-    while (requete.suivante()) {
-        QStringList colonnes;
-        try {
-            for (int i = 0;; ++i)
-                colonnes += requete.estNul(i) ? u"NULL"_s : requete.valeur(i).toString();
-        } catch (const ErreurBase &) { // behind the last column
-        }
-        resultat += colonnes.join(u'|');
-    }
-    return resultat;
-}
-
-void ouvrirPourSalaries(Base &base, const QString &chemin)
-{
-    base.OuvrirBase(chemin);
-    for (Recordset *un :
-         {&base.RsSalarie, &base.RsNationalite, &base.RsWilaya, &base.RsCommune, &base.RsAnnee,
-          &base.RsEmployeur, &base.RsLigneDas, &base.RsDetailCi, &base.RsLigneDac})
-        un->ouvrir();
 }
 
 FicheSalarie ficheNationale()

@@ -30,3 +30,15 @@ void dansLaFenetre(const std::function<void(QWidget &)> &gestes)
             fenetre->close();
     });
 }
+
+void dansLaFenetre(QWidget &ecran, const QString &bouton, const QString &fenetre,
+                   const std::function<void(QWidget &)> &gestes)
+{
+    dansLaFenetre([&](QWidget &ouverte) {
+        QCOMPARE(ouverte.objectName(), fenetre);
+        gestes(ouverte);
+    });
+    cliquer(ecran, bouton);
+    QCoreApplication::processEvents(); // where no window has opened that is told now
+    Banc::activer(ecran);
+}

@@ -37,6 +37,17 @@ public:
     static void activer(QWidget &fenetre);
 };
 
+/// The bench on a database of its own.
+template <typename Donnees>
+class BancSur : public Donnees, public Banc
+{
+public:
+    BancSur() : Banc(Donnees::base) {}
+};
+
 /// Acts in the window that the next gesture opens modally, once it gets the keys; it is closed behind that.
 /// The test fails when no window opens.
 void dansLaFenetre(const std::function<void(QWidget &)> &gestes);
+/// The same for a button that opens a window of that name; the window behind gets the keys again.
+void dansLaFenetre(QWidget &ecran, const QString &bouton, const QString &fenetre,
+                   const std::function<void(QWidget &)> &gestes);
