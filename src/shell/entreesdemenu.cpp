@@ -1,6 +1,7 @@
 #include "shell/entreesdemenu.h"
 
 #include "das/screens/frmentdas.h"
+#include "das/screens/frmexpdas.h"
 #include "das/screens/frmimpligne.h"
 #include "employees/screens/frmimpnat.h"
 #include "employees/screens/frmimpsal.h"
@@ -18,6 +19,12 @@ template <typename Ecran>
 QWidget *ecran(Contexte &contexte)
 {
     return new Ecran(contexte);
+}
+
+template <typename Ecran>
+QWidget *transfert(Contexte &contexte)
+{
+    return EcranTransfert::preparer<Ecran>(contexte);
 }
 
 constexpr bool Permise = true;
@@ -46,7 +53,7 @@ QList<EntreeDeMenu> entreesDeMenu()
         {u"wDecl", u"Déclarations", 0, nullptr},
         {u"das", u"&DAS", 0, u"wDecl"},
         {u"wdas", u"Traitement des DAS", 'T', u"das", ecran<frmentdas>, Permise, QStyle::SP_FileDialogContentsView},
-        {u"wTransfLgDas", u"Transfert Lignes DAS", 'G', u"das", {}, Permise, QStyle::SP_ArrowRight},
+        {u"wTransfLgDas", u"Transfert Lignes DAS", 'G', u"das", transfert<frmexpdas>, Permise, QStyle::SP_ArrowRight},
         {u"wdetail", u"Détail Das", 0, u"das", {}, Eteinte},
         {u"wci", u"Chômage Intempérie", 0, u"wDecl"},
         {u"wTraitCi", u"Traitement CI", 'I', u"wci", {}, Permise, QStyle::SP_FileDialogContentsView},

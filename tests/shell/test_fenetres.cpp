@@ -64,6 +64,7 @@ const QStringList chemins{
     u"wdas cmddetail cmdajt"_s,
     u"wdas cmddetail cmdajt cmdins"_s,
     u"wdas cmddetail cmdmod"_s,
+    u"wTransfLgDas"_s,
     u"wvalidate"_s,
     u"wGen"_s,
 };
