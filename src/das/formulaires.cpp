@@ -17,14 +17,12 @@ constexpr double CoteLogo = 18;
 
 QString condition(const CleDeclaration &cle)
 {
-    return cle.texte(u"Type").toLongLong() > 1 ? u"(Complémentaire)"_s : QString();
+    return cle.texte(u"Type") == u"1" ? QString() : u"(Complémentaire)"_s;
 }
 
-/// The header with its employer, or the employer alone.
-Enregistrement lireEmployeur(Base &base, const QString &sql, const Valeurs &valeurs,
-                             const CleDeclaration &cle)
+/// A row without which there is nothing to print.
+Enregistrement exiger(Enregistrement lu, const CleDeclaration &cle)
 {
-    Enregistrement lu = base.Cnx.premiere(sql, valeurs);
     if (lu.estVide()) {
         throw ErreurBase(
             u"Il n'y a rien à imprimer : l'employeur n° %1 ou son entête DAS n'existe plus dans la base."_s
@@ -33,15 +31,17 @@ Enregistrement lireEmployeur(Base &base, const QString &sql, const Valeurs &vale
     return lu;
 }
 
-Enregistrement lireEnteteEtEmployeur(Base &base, const CleDeclaration &cle)
+/// The header as it stands now, so that what is compared is what is printed.
+Enregistrement relire(Base &base, const CleDeclaration &cle)
 {
-    return lireEmployeur(base,
-                         u"SELECT d.num_emp, annee, sum_calc, total_calc, rais_soc, adresse, tel "
-                         "FROM entete_das AS d INNER JOIN employeur AS e ON e.num_emp = d.num_emp "
-                         "WHERE d.num_emp = ? AND annee = ? AND Type = ?"_s,
-                         {Valeur::brute(cle.valeur(u"num_emp")), Valeur::brute(cle.valeur(u"annee")),
-                          Valeur::brute(cle.valeur(u"Type"))},
-                         cle);
+    return exiger(lireEntete(base, genreDas(), cle), cle);
+}
+
+Enregistrement lireEmployeur(Base &base, const CleDeclaration &cle)
+{
+    return exiger(base.Cnx.premiere(u"SELECT rais_soc, adresse, tel FROM employeur WHERE num_emp = ?"_s,
+                                    {Valeur::brute(cle.valeur(u"num_emp"))}),
+                  cle);
 }
 
 const QString sommesDifferent =
@@ -80,7 +80,8 @@ Rangee champ(const QString &libelle, const QString &valeur, double largeur, doub
 std::optional<Document> DataReport1(Base &base, const Enregistrement &entete, Dialogue &dialogue)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    if (!sommesConcordent(base, genreDas(), entete)) {
+    const Enregistrement lue = relire(base, cle);
+    if (!sommesConcordent(base, genreDas(), lue)) {
         dialogue.avertir(sommesDifferent + u"Verifiez vos lignes DAS SVP"_s);
         return {};
     }
@@ -90,7 +91,7 @@ std::optional<Document> DataReport1(Base &base, const Enregistrement &entete, Di
             .premiere(u"SELECT count(*) FROM ligne_das WHERE type_date_es = 'S' AND "_s + lignes.sql,
                       lignes.valeurs)
             .entier(0);
-    const Enregistrement lu = lireEnteteEtEmployeur(base, cle);
+    const Enregistrement employeur = lireEmployeur(base, cle);
 
     Document document{
         .nom = u"DataReport1"_s,
@@ -105,15 +106,16 @@ std::optional<Document> DataReport1(Base &base, const Enregistrement &entete, Di
     const auto ajouter = [&](const QString &libelle, const QString &valeur) {
         document.tete += champ(libelle, valeur, 75, 12);
     };
-    ajouter(u"Année de réference"_s, lu.texte(u"annee"));
+    ajouter(u"Année de réference"_s, lue.texte(u"annee"));
     document.tete.last().avant = 8;
-    ajouter(u"Nom ou raison sociale de l'entreprise"_s, lu.texte(u"rais_soc"));
-    ajouter(u"Numéro employeur"_s, lu.texte(u"num_emp"));
-    ajouter(u"Adresse de l'employeur"_s, lu.texte(u"adresse"));
-    ajouter(u"Numéro de téléphone"_s, lu.texte(u"tel"));
-    ajouter(u"Montant total des salaires"_s, formatMasque(lu.montant(u"sum_calc", Currency()), u"# ##0.00 "));
+    ajouter(u"Nom ou raison sociale de l'entreprise"_s, employeur.texte(u"rais_soc"));
+    ajouter(u"Numéro employeur"_s, lue.texte(u"num_emp"));
+    ajouter(u"Adresse de l'employeur"_s, employeur.texte(u"adresse"));
+    ajouter(u"Numéro de téléphone"_s, employeur.texte(u"tel"));
+    ajouter(u"Montant total des salaires"_s,
+            formatMasque(lue.montant(u"sum_calc", Currency()), u"# ##0.00 "));
     ajouter(u"Nombre de travailleurs employés pendant l'année de référence"_s,
-            QString::number(lu.entier(u"total_calc", 0)));
+            QString::number(lue.entier(u"total_calc", 0)));
     ajouter(u"Nombre de travailleurs débauchés pendant l'année de réference"_s, QString::number(debau));
 
     document.tete +=
@@ -132,7 +134,8 @@ std::optional<Document> DataReport1(Base &base, const Enregistrement &entete, Di
 std::optional<Document> DataReport2(Base &base, const Enregistrement &entete, Dialogue &)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    const Enregistrement lu = lireEnteteEtEmployeur(base, cle);
+    const Enregistrement lue = relire(base, cle);
+    const Enregistrement employeur = lireEmployeur(base, cle);
 
     Document document{.nom = u"DataReport2"_s,
                       .titre = u"Jaquette CD"_s,
@@ -142,10 +145,12 @@ std::optional<Document> DataReport2(Base &base, const Enregistrement &entete, Di
     const auto ajouter = [&](const QString &libelle, const QString &valeur) {
         document.tete += champ(libelle, valeur, 28, 18);
     };
-    ajouter(u"Employeur"_s, lu.texte(u"num_emp") + u'\n' + lu.texte(u"rais_soc"));
+    ajouter(u"Employeur"_s, lue.texte(u"num_emp") + u'\n' + employeur.texte(u"rais_soc"));
     document.tete.last().avant = 12;
-    ajouter(u"Année"_s, lu.texte(u"annee"));
-    ajouter(u"Numéro:"_s, lu.texte(u"adresse"));
+    ajouter(u"Année"_s, lue.texte(u"annee"));
+    ajouter(u"Numéro:"_s, {}); // written by hand, that of the disc
+    document.tete += Rangee{
+        .cellules = {{.texte = employeur.texte(u"adresse"), .corps = 11}}, .reglee = true, .hauteur = 14};
     document.tete += centree(condition(cle), 13, true, 4);
     return document;
 }
@@ -153,11 +158,10 @@ std::optional<Document> DataReport2(Base &base, const Enregistrement &entete, Di
 std::optional<Document> DataReport3(Base &base, const Enregistrement &entete, Dialogue &dialogue)
 {
     const CleDeclaration cle = cleEntete(genreDas(), entete);
-    if (!sommesConcordent(base, genreDas(), entete) &&
+    if (!sommesConcordent(base, genreDas(), relire(base, cle)) &&
         !dialogue.demander(sommesDifferent + u"Voulez vous imprimer malgrès tout?"_s))
         return {};
-    const Enregistrement employeur = lireEmployeur(
-        base, u"SELECT rais_soc FROM employeur WHERE num_emp = ?"_s, {cle.texte(u"num_emp")}, cle);
+    const Enregistrement employeur = lireEmployeur(base, cle);
 
     const auto cellules = std::make_shared<QStringList>();
     Requete lignes = lireAvecSalaries(base, genreDas(), lignesDe(genreDas(), cle),

@@ -82,11 +82,11 @@ Valeur valeurDe(QStringView ligne, const ChampImport &champ)
     case Forme::Majuscules:
         return majuscules(texte);
     case Forme::Jour:
-        return lireDate(texte);
+        return convertir(texte, champ, lireDate);
     case Forme::Montant:
-        return LireMontant(texte);
+        return convertir(texte, champ, LireMontant);
     case Forme::Entier:
-        return lireEntier(texte);
+        return convertir(texte, champ, lireEntier);
     }
     return {};
 }
@@ -122,7 +122,7 @@ public:
     Importation(Base &base, LecteurLignes &lecteur);
 
     std::optional<Arret> lire(const Avancement &avancement);
-    /// Shows what has come in shared lists, the new rows current.
+    /// Shows what has come in shared lists; a new employer, campaign and header are the current ones.
     void montrer();
 
     const QString &employeur() const { return m_employeur; }
@@ -137,6 +137,7 @@ private:
     Insertion m_lignes;
     QString m_employeur;
     bool m_employeurNouveau = false;
+    bool m_campagneNouvelle = false;
     qint64 m_annee = 0;
     Valeur m_type;
     /// The highest cpt_z of all employees.
@@ -181,7 +182,7 @@ std::optional<Arret> Importation::lireEntete(QStringView ligne)
 {
     Connexion &cnx = m_base.Cnx;
     m_employeur = couper(ligne, champNumEmp).toString();
-    m_annee = lireEntier(couper(ligne, champAnnee));
+    m_annee = convertir(couper(ligne, champAnnee), champAnnee, lireEntier);
     if (m_annee < fonds::PremiereCampagne || m_annee > aujourdhui().year())
         return Arret{u"L'année de campagne de cette DAS est incorrecte"_s, titreInterruption};
 
@@ -195,7 +196,8 @@ std::optional<Arret> Importation::lireEntete(QStringView ligne)
     }
     if (cnx.existe(u"SELECT 1 FROM entete_das WHERE num_emp = ? AND annee = ?"_s, {m_employeur, m_annee}))
         return Arret{u"Veuillez supprimer l'entête DAS saisie, avant importation DAS !"_s, {}};
-    if (!cnx.existe(u"SELECT 1 FROM annee WHERE annee = ?"_s, {m_annee})) {
+    m_campagneNouvelle = !cnx.existe(u"SELECT 1 FROM annee WHERE annee = ?"_s, {m_annee});
+    if (m_campagneNouvelle) {
         // The years stand the other way round than in the campaigns made by hand, with two blanks between:
         // this is meant.
         cnx.inserer(u"annee"_s,
@@ -206,14 +208,15 @@ std::optional<Arret> Importation::lireEntete(QStringView ligne)
 
     // An empty number of the declaration is kept as it stands.
     const QString type = sansBlancs(couper(ligne, champType));
-    m_type = type.isEmpty() ? Valeur(type) : Valeur(lireEntier(type));
-    cnx.inserer(u"entete_das"_s, {{u"num_emp"_s, m_employeur},
-                                  {u"annee"_s, m_annee},
-                                  {u"Type"_s, m_type},
-                                  {u"sum_annuel"_s, LireMontant(couper(ligne, champSomme))},
-                                  {u"total_salarie"_s, lireEntier(couper(ligne, champEffectif))},
-                                  {u"sum_calc"_s, Currency()},
-                                  {u"total_calc"_s, 0}});
+    m_type = type.isEmpty() ? Valeur(type) : Valeur(convertir(type, champType, lireEntier));
+    cnx.inserer(u"entete_das"_s,
+                {{u"num_emp"_s, m_employeur},
+                 {u"annee"_s, m_annee},
+                 {u"Type"_s, m_type},
+                 {u"sum_annuel"_s, convertir(couper(ligne, champSomme), champSomme, LireMontant)},
+                 {u"total_salarie"_s, convertir(couper(ligne, champEffectif), champEffectif, lireEntier)},
+                 {u"sum_calc"_s, Currency()},
+                 {u"total_calc"_s, 0}});
     return {};
 }
 
@@ -238,7 +241,8 @@ void Importation::montrer()
     };
     if (m_employeurNouveau)
         relire(m_base.RsEmployeur, {{u"num_emp"_s, m_employeur}});
-    m_base.RsAnnee.requery();
+    if (m_campagneNouvelle)
+        relire(m_base.RsAnnee, {{u"annee"_s, m_annee}});
     relire(m_base.RsEnteteDas, {{u"num_emp"_s, m_employeur}, {u"annee"_s, m_annee}});
     m_base.RsSalarie.requery();
     m_base.RsLigneDas.requery();

@@ -55,7 +55,7 @@ Valeurs valeursSalarie(QStringView ligne)
     Valeurs valeurs;
     for (const ChampFixe &champ : champsSalarie) {
         const QStringView texte = couper(ligne, champ);
-        valeurs += champ.colonne == u"date_naiss" ? Valeur(lireDate(texte)) : Valeur(texte);
+        valeurs += champ.colonne == u"date_naiss" ? Valeur(convertir(texte, champ, lireDate)) : Valeur(texte);
     }
     return valeurs << 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rules/erreurs.h"
 #include "rules/texte.h"
 
 class LecteurLignes;
@@ -17,6 +18,21 @@ struct ChampFixe
 inline QStringView couper(QStringView ligne, const ChampFixe &champ)
 {
     return Trim(ligne.mid(champ.debut - 1, champ.longueur));
+}
+
+/// What a field stands for, converted from its text.
+/// @throws ErreurConversion with the name and the columns of the field behind what was refused
+template <typename Conversion>
+auto convertir(QStringView texte, const ChampFixe &champ, Conversion conversion)
+{
+    try {
+        return conversion(texte);
+    } catch (const ErreurConversion &erreur) {
+        throw ErreurConversion(QStringLiteral("%1\nChamp %2, colonnes %3 à %4.")
+                                   .arg(erreur.texte(), champ.colonne.toString(),
+                                        QString::number(champ.debut),
+                                        QString::number(champ.debut - 1 + champ.longueur)));
+    }
 }
 
 /// The last column that these fields, which stand in their order, take of a line.

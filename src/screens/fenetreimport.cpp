@@ -5,8 +5,8 @@
 #include "screens/focus.h"
 #include "ui_fenetreimport.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +64,7 @@ FenetreImport::FenetreImport(Contexte &contexte, const QString &nom, const QStri
                                       [this] { importer(); });
     connect(m_ui->CmdArreter, &QAbstractButton::clicked, this, [this] { m_arret = true; });
     fermerPar(*m_ui->Command1, *this);
+    m_ui->CmdImport->setFocus();
 }
 
 FenetreImport::~FenetreImport() = default;
@@ -78,6 +79,7 @@ void FenetreImport::executer(const std::function<void(const Avancement &)> &impo
     const auto fin = qScopeGuard([this] {
         m_enCours = false;
         m_ui->CmdImport->setEnabled(true);
+        m_ui->CmdImport->setFocus();
         montrerCours(false);
         unsetCursor();
     });
@@ -116,11 +118,13 @@ bool FenetreImport::avancer(qint64 lignes)
     return !m_arret;
 }
 
-/// Only while the window is painted in the middle of an import: boxes take their input as ever.
+/// Only while the window is painted in the middle of an import: boxes take their input as ever, also one that
+/// a failure opens meanwhile.
 bool FenetreImport::eventFilter(QObject *objet, QEvent *evenement)
 {
     // What the window system brings goes to a window first, and from there to a control.
-    if (objet->isWindowType() || objet == m_ui->CmdArreter || !estSaisie(evenement->type()))
+    if (QApplication::activeModalWidget() || objet->isWindowType() || objet == m_ui->CmdArreter ||
+        !estSaisie(evenement->type()))
         return QWidget::eventFilter(objet, evenement);
     evenement->ignore();
     return true;

@@ -167,7 +167,8 @@ private slots:
         refuse("date fausse", une + ligne({{74, "31/02/1988"}}), u"Ligne 4 : « 31/02/1988 »"_s);
         refuse("date d'un salarie connu", une + ligne({{1, "990000000000"}, {74, "04-03-1988"}}),
                u"Ligne 4 : « 04-03-1988 »"_s);
-        refuse("montant faux", une + ligne({{326, "   600.000,5"}}), u"Ligne 4 : « 600.000,5 »"_s);
+        refuse("montant faux", une + ligne({{326, "   600.000,5"}}),
+               u"Ligne 4 : « 600.000,5 » n'est pas un nombre.\nChamp sal_annuel, colonnes 326 à 340."_s);
         refuse("duree vide", une + ligne({{341, "     "}}), u"Ligne 4 : «  » n'est pas un nombre."_s);
         refuse("ligne coupee derriere le nom", une + ligne().left(40) + "\r\n",
                u"Ligne 4 : «  » n'est pas une date"_s);

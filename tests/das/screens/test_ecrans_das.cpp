@@ -147,7 +147,8 @@ private slots:
         QCOMPARE(clics, 1);
 
         m_dialogue.attendreFichier(m_donnees->fichier(u"faux.txt"_s, entete + "\n"));
-        m_dialogue.attendreCritique(u"Ligne 3 : «  » n'est pas une date (jj/mm/aaaa)."_s);
+        m_dialogue.attendreCritique(
+            u"Ligne 3 : «  » n'est pas une date (jj/mm/aaaa).\nChamp date_naiss, colonnes 74 à 83."_s);
         cliquer(*ecran, u"CmdImport"_s);
         QVERIFY(auRepos() && !base().Cnx.existe(u"SELECT 1 FROM entete_das"_s));
         QVERIFY(m_menu.ouvertes.isEmpty());
