@@ -1,61 +1,28 @@
 #include "das/screens/frmentdas.h"
 #include "das/screens/frmimpligne.h"
 #include "das/screens/frmlndas.h"
-#include "rules/calendrier.h"
-#include "rules/texte.h"
-#include "screens/champmasque.h"
 #include "screens/ctrlduree.h"
 #include "screens/etatsfenetres.h"
-#include "screens/grille.h"
 #include "storage/lieux.h"
-#include "tests/commun/dialoguescenario.h"
-#include "tests/commun/gestes.h"
-#include "tests/commun/menutemoin.h"
 #include "tests/das/basedas.h"
+#include "tests/screens/banc.h"
 #include "tests/storage/foyer.h"
-#include "validators/screens/frmdasvalide.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 QString etiquette(const QWidget &ecran, const QString &nom) { return champ<QLabel>(ecran, nom)->text(); }
-
-/// Makes the window the one that gets the keys; a window system does that when it is shown.
-bool activer(QWidget &fenetre)
-{
-    fenetre.activateWindow();
-    return QTest::qWaitFor([&] { return QApplication::activeWindow() == &fenetre; });
-}
-
-/// Runs in the window that the next action opens modally.
-void dansLaFenetre(const std::function<void(QWidget &)> &action)
-{
-    QTimer::singleShot(0, qApp, [action] {
-        QWidget *fenetre = QApplication::activeModalWidget();
-        if (!fenetre)
-            return QTest::qFail("no window has opened", __FILE__, __LINE__);
-        if (!activer(*fenetre))
-            return QTest::qFail("the window is not active", __FILE__, __LINE__);
-        action(*fenetre);
-        if (fenetre->isVisible())
-            fenetre->close();
-    });
-}
 
 QString question(const QString &moyenne, const QString &blancs = u"  "_s)
 {
@@ -73,56 +40,111 @@ class TestEcransDas : public QObject
     Q_OBJECT
 
     std::unique_ptr<BaseDas> m_donnees;
-    DialogueScenario m_dialogue;
-    DernierRecours m_recours{m_dialogue, [this] { m_donnees->base.Cnx.annulerTransaction(); }};
-    MenuTemoin m_menu;
-    BornesDePeriode m_bornes;
-    std::unique_ptr<Contexte> m_contexte;
+    std::unique_ptr<Banc> m_banc;
 
     Base &base() { return m_donnees->base; }
+    DialogueScenario &dialogue() { return m_banc->dialogue; }
+    std::unique_ptr<frmentdas> ouvrirEntetes() { return m_banc->ouvrir(new frmentdas(m_banc->contexte)); }
 
-    template <typename Ecran>
-    std::unique_ptr<Ecran> ouvrir(Ecran *ecran)
-    {
-        ecran->show();
-        if (!activer(*ecran))
-            qFatal("the window is not active");
-        return std::unique_ptr<Ecran>(ecran);
-    }
-
-    frmlndas *ouvrirLignes(frmentdas &entetes)
+    static frmlndas &ouvrirLignes(frmentdas &entetes)
     {
         cliquer(entetes, u"cmddetail"_s);
         auto *lignes = entetes.findChild<frmlndas *>(u"frmlndas"_s);
-        if (!lignes || !activer(*lignes))
+        if (!lignes)
             qFatal("no lines list");
-        return lignes;
+        Banc::activer(*lignes);
+        return *lignes;
+    }
+
+    /// Two lines without a mouse.
+    void saisirDeuxLignes(QWidget &saisie, const frmentdas &entetes)
+    {
+        for (int i = 1; i <= 2; ++i) {
+            QCOMPARE(focus(), u"num_saledit"_s);
+            QCOMPARE(texte(saisie, u"num_saledit"_s), u"0000000000"_s);
+            taper(BaseDas::numero(i).left(10));
+            touche(Qt::Key_Return);
+            QCOMPARE(focus(), u"mskcle"_s);
+            taper(BaseDas::numero(i).mid(10));
+            touche(Qt::Key_Return);
+            QCOMPARE(etiquette(saisie, u"Lab_nom"_s), i == 1 ? u"BENALI"_s : u"D'ARC"_s);
+            QCOMPARE(etiquette(saisie, u"Lab_date_naiss"_s), u"04/03/1988"_s);
+            QCOMPARE(focus(), u"sal_annueledit"_s);
+            taper(i == 1 ? u"600000.50"_s : u"600000"_s);
+            touche(Qt::Key_Return);
+            taper(u"12m"_s);
+            touche(Qt::Key_Return);
+            QCOMPARE(focus(), u"mskdate"_s);
+            taper(u"01072023"_s);
+            champ<QRadioButton>(saisie, u"EOption"_s)->click();
+            dialogue().attendreQuestion(question(i == 1 ? u"50 000.04"_s : u"50 000.00"_s), true);
+            dialogue().attendreInformation(ajoutee);
+            QString numeroSousLaBoite;
+            dialogue().aChaqueBoite = [&] { numeroSousLaBoite = texte(saisie, u"num_saledit"_s); };
+            touche(Qt::Key_Return);
+            dialogue().aChaqueBoite = {};
+            QVERIFY(dialogue().acheve());
+            QCOMPARE(numeroSousLaBoite, u"0000000000"_s); // ready for the next line already
+            QCOMPARE(champ<QCalendarWidget>(saisie, u"Clend_naiss"_s)->selectedDate(), QDate(2023, 7, 1));
+            QVERIFY(!champ<QRadioButton>(saisie, u"EOption"_s)->isChecked());
+            QCOMPARE(texte(entetes, u"calcsalEdit"_s), QString::number(i)); // seen at once
+        }
+        QCOMPARE(texte(entetes, u"calcsumEdit"_s), u"1 200 000.50"_s);
+    }
+
+    /// The newcomer without a number comes by the picker alone.
+    void prendreUnNouveau(QWidget &saisie)
+    {
+        dialogue().attendreAvertissement(
+            u"Le numéro de sécurité sociale est à blanc, sélectionnez le salarié "
+            "à partir de la commande INSERER "_s);
+        champ(saisie, u"mskcle"_s)->setFocus();
+        touche(Qt::Key_Tab);
+        dansLaFenetre([](QWidget &liste) {
+            QCOMPARE(liste.objectName(), u"frm_ins_num_sal"_s);
+            QTest::keyClick(champ(liste, u"DataGrid1"_s), Qt::Key_End, Qt::ControlModifier);
+            cliquer(liste, u"cmdok"_s);
+        });
+        cliquer(saisie, u"cmdins"_s);
+        QCOMPARE(texte(saisie, u"num_saledit"_s) + texte(saisie, u"mskcle"_s), u"000000000000"_s);
+        QCOMPARE(etiquette(saisie, u"Lab_nom"_s), u"NOUVEAU"_s);
+        Banc::activer(saisie);
+        QCOMPARE(focus(), u"cmdok"_s);
+        champ<QLineEdit>(saisie, u"sal_annueledit"_s)->setText(u"50000"_s);
+        champ<ctrlDuree>(saisie, u"nbj_travailctrl"_s)->setDuree(8, u'H');
+        champ<QLineEdit>(saisie, u"mskdate"_s)->setText(u"10/06/2024"_s);
+        champ<QRadioButton>(saisie, u"EOption"_s)->click();
+        dialogue().attendreQuestion(question(u"1 082 251.08"_s), true);
+        dialogue().attendreInformation(ajoutee);
+        cliquer(saisie, u"cmdok"_s);
     }
 
 private slots:
     void init()
     {
         reglages().clear();
-        m_menu = {};
         m_donnees = std::make_unique<BaseDas>();
-        m_contexte.reset(new Contexte{base(), m_dialogue, m_recours, m_bornes, m_menu});
+        m_banc = std::make_unique<Banc>(base());
     }
 
-    void cleanup() { QVERIFY(m_dialogue.acheve()); }
+    void cleanup() { QVERIFY(dialogue().acheve()); }
 
     /// While an import runs only its stop button takes input; whatever ends it, the screen is as before.
     void importation()
     {
-        const auto ecran = ouvrir(new FrmImpLigne(*m_contexte));
+        const auto ecran = m_banc->ouvrir(new FrmImpLigne(m_banc->contexte));
         const auto auRepos = [&] {
             return ecran->isVisible() && champ(*ecran, u"CmdImport"_s)->isEnabled() &&
                    champ(*ecran, u"Command1"_s)->isEnabled() &&
                    !champ(*ecran, u"CmdArreter"_s)->isVisible() &&
                    !champ(*ecran, u"ProgressBar1"_s)->isVisible();
         };
-        const QByteArray entete = "DAS KORVANDEL VER 1.0\n876543212023 1" + QByteArray(14, '0') + "1    1\n";
+        const auto choisir = [&](const QByteArray &lignes) {
+            dialogue().attendreFichier(
+                m_donnees->fichier(u"das.txt"_s, "DAS KORVANDEL VER 1.0\n876543212023 1" +
+                                                     QByteArray(14, '0') + "1    1\n" + lignes));
+        };
         const QByteArray ligne = QByteArray(73, ' ') + "04/03/1988" + QByteArray(256, ' ') + "1    1\n";
-        const QString fichier = m_donnees->fichier(u"das.txt"_s, entete + ligne);
 
         QPushButton autre;
         autre.show();
@@ -137,8 +159,8 @@ private slots:
             ecran->close();
             touche(Qt::Key_Space); // on the stop button, which has the focus
         });
-        m_dialogue.attendreFichier(fichier);
-        m_dialogue.attendreAvertissement(u"Importation arrêtée à la ligne 2 : rien n'a été enregistré."_s,
+        choisir(ligne);
+        dialogue().attendreAvertissement(u"Importation arrêtée à la ligne 2 : rien n'a été enregistré."_s,
                                          u"Interruption de l'importation"_s);
         cliquer(*ecran, u"CmdImport"_s);
         QVERIFY(enCours && autre.isVisible() && auRepos());
@@ -146,40 +168,39 @@ private slots:
         QTest::mouseClick(&autre, Qt::LeftButton);
         QCOMPARE(clics, 1);
 
-        m_dialogue.attendreFichier(m_donnees->fichier(u"faux.txt"_s, entete + "\n"));
-        m_dialogue.attendreCritique(
+        choisir("\n");
+        dialogue().attendreCritique(
             u"Ligne 3 : «  » n'est pas une date (jj/mm/aaaa).\nChamp date_naiss, colonnes 74 à 83."_s);
         cliquer(*ecran, u"CmdImport"_s);
-        QVERIFY(auRepos() && !base().Cnx.existe(u"SELECT 1 FROM entete_das"_s));
-        QVERIFY(m_menu.ouvertes.isEmpty());
+        QVERIFY(auRepos() && m_banc->menu.ouvertes.isEmpty());
 
-        m_dialogue.attendreFichier(fichier);
-        m_dialogue.attendreInformation(u"Importation du fichier DAS effectuée avec succès!"_s);
-        m_dialogue.attendreInformation(
+        choisir(ligne);
+        dialogue().attendreInformation(u"Importation du fichier DAS effectuée avec succès!"_s);
+        dialogue().attendreInformation(
             u"Veuillez complèter les informations de cet employeur SVP  :  87654321"_s);
         cliquer(*ecran, u"CmdImport"_s);
         QVERIFY(!ecran->isVisible());
-        QCOMPARE(m_menu.ouvertes, QStringList{u"wImp"_s});
-        QCOMPARE(m_menu.accords, 1);
+        QCOMPARE(m_banc->menu.ouvertes, QStringList{u"wImp"_s});
+        QCOMPARE(m_banc->menu.accords, 1);
     }
 
-    /// From an empty list of headers to the verdict of the validator.
+    /// From an empty list of headers to the file and the forms.
     void route()
     {
-        Foyer foyer;
+        const Foyer foyer;
         QVERIFY(QDir().mkpath(dossierExpor()));
         m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"BENALI"}});
         m_donnees->ajouter(BaseDas::numero(2), 1, {{u"nom"_s, u"D'ARC"}});
         m_donnees->ajouter(u"000000000000"_s, 4, {{u"nom"_s, u"NOUVEAU"}});
 
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        const auto entetes = ouvrirEntetes();
         for (const QString &bouton : {u"cmdmod"_s, u"cmdDelete"_s, u"cmdsup"_s, u"cmddetail"_s, u"cmdexpor"_s,
                                       u"Cmdprint"_s, u"CmdPrintLn"_s, u"CmdCD"_s})
             QVERIFY2(!champ(*entetes, bouton)->isEnabled(), qPrintable(bouton));
-        champ(*entetes, u"cmbannee"_s)->setFocus();
-        touche(Qt::Key_Down);
-        champ(*entetes, u"cmbemp"_s)->setFocus();
-        touche(Qt::Key_Down);
+        for (const QString &liste : {u"cmbannee"_s, u"cmbemp"_s}) {
+            champ(*entetes, liste)->setFocus();
+            touche(Qt::Key_Down);
+        }
         champ(*entetes, u"sumedit"_s)->setFocus();
         taper(u"1 250 000.50"_s);
         touche(Qt::Key_Return);
@@ -190,97 +211,37 @@ private slots:
         QCOMPARE(texte(*entetes, u"sumedit"_s) + u'|' + texte(*entetes, u"total_salEdit"_s), u"|00000"_s);
         QCOMPARE(texte(*entetes, u"calcsumEdit"_s), QString());
 
-        frmlndas *lignes = ouvrirLignes(*entetes);
-        QCOMPARE(etiquette(*lignes, u"LabCampagne"_s), u" Campagne     :   2024"_s);
-        QCOMPARE(etiquette(*lignes, u"LabType"_s), u"DAS Principale"_s);
-        QCOMPARE(etiquette(*lignes, u"LabRaison"_s), u"SARL L'Étoile"_s);
-        QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled());
+        frmlndas &lignes = ouvrirLignes(*entetes);
+        QCOMPARE(etiquette(lignes, u"LabCampagne"_s), u" Campagne     :   2024"_s);
+        QCOMPARE(etiquette(lignes, u"LabType"_s), u"DAS Principale"_s);
+        QCOMPARE(etiquette(lignes, u"LabRaison"_s), u"SARL L'Étoile"_s);
+        QVERIFY(!champ(lignes, u"cmdmod"_s)->isEnabled());
 
         dansLaFenetre([&](QWidget &saisie) {
             QCOMPARE(saisie.objectName(), u"frm_add_lndas"_s);
             QCOMPARE(texte(saisie, u"sal_annueledit"_s), u"00000000.00"_s);
             QCOMPARE(texte(saisie, u"mskdate"_s), u"__/__/____"_s);
-            // Two lines without a mouse.
-            for (int i = 1; i <= 2; ++i) {
-                QCOMPARE(focus(), u"num_saledit"_s);
-                QCOMPARE(texte(saisie, u"num_saledit"_s), u"0000000000"_s);
-                taper(BaseDas::numero(i).left(10));
-                touche(Qt::Key_Return);
-                QCOMPARE(focus(), u"mskcle"_s);
-                taper(BaseDas::numero(i).mid(10));
-                touche(Qt::Key_Return);
-                QCOMPARE(etiquette(saisie, u"Lab_nom"_s), i == 1 ? u"BENALI"_s : u"D'ARC"_s);
-                QCOMPARE(etiquette(saisie, u"Lab_date_naiss"_s), u"04/03/1988"_s);
-                QCOMPARE(focus(), u"sal_annueledit"_s);
-                taper(i == 1 ? u"600000.50"_s : u"600000"_s);
-                touche(Qt::Key_Return);
-                taper(u"12m"_s);
-                touche(Qt::Key_Return);
-                QCOMPARE(focus(), u"mskdate"_s);
-                taper(u"01072023"_s);
-                champ<QRadioButton>(saisie, u"EOption"_s)->click();
-                m_dialogue.attendreQuestion(question(i == 1 ? u"50 000.04"_s : u"50 000.00"_s), true);
-                m_dialogue.attendreInformation(ajoutee);
-                QString numeroSousLaBoite;
-                m_dialogue.aChaqueBoite = [&] { numeroSousLaBoite = texte(saisie, u"num_saledit"_s); };
-                touche(Qt::Key_Return);
-                m_dialogue.aChaqueBoite = {};
-                QVERIFY(m_dialogue.acheve());
-                QCOMPARE(numeroSousLaBoite, u"0000000000"_s); // ready for the next line already
-                QCOMPARE(champ<QCalendarWidget>(saisie, u"Clend_naiss"_s)->selectedDate(), QDate(2023, 7, 1));
-                QCOMPARE(base().RsLigneDas.nombre(), i);
-                QVERIFY(!champ<QRadioButton>(saisie, u"EOption"_s)->isChecked());
-                QCOMPARE(texte(*entetes, u"calcsalEdit"_s), QString::number(i)); // seen at once
-            }
-            QCOMPARE(texte(*entetes, u"calcsumEdit"_s), u"1 200 000.50"_s);
-
-            // The newcomer without a number comes by the picker alone.
-            m_dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est à blanc, sélectionnez le "
-                                             "salarié à partir de la commande INSERER "_s);
-            champ(saisie, u"mskcle"_s)->setFocus();
-            touche(Qt::Key_Tab);
-            dansLaFenetre([&](QWidget &liste) {
-                QCOMPARE(liste.objectName(), u"frm_ins_num_sal"_s);
-                QTest::keyClick(champ(liste, u"DataGrid1"_s), Qt::Key_End, Qt::ControlModifier);
-                cliquer(liste, u"cmdok"_s);
-            });
-            cliquer(saisie, u"cmdins"_s);
-            QCOMPARE(texte(saisie, u"num_saledit"_s) + texte(saisie, u"mskcle"_s), u"000000000000"_s);
-            QCOMPARE(etiquette(saisie, u"Lab_nom"_s), u"NOUVEAU"_s);
-            QVERIFY(activer(saisie));
-            QCOMPARE(focus(), u"cmdok"_s);
-            champ<QLineEdit>(saisie, u"sal_annueledit"_s)->setText(u"50000"_s);
-            champ<ctrlDuree>(saisie, u"nbj_travailctrl"_s)->setDuree(8, u'H');
-            champ<QLineEdit>(saisie, u"mskdate"_s)->setText(u"10/06/2024"_s);
-            champ<QRadioButton>(saisie, u"EOption"_s)->click();
-            m_dialogue.attendreQuestion(question(u"1 082 251.08"_s), true);
-            m_dialogue.attendreInformation(ajoutee);
-            cliquer(saisie, u"cmdok"_s);
+            saisirDeuxLignes(saisie, *entetes);
+            prendreUnNouveau(saisie);
         });
-        cliquer(*lignes, u"cmdajt"_s);
+        cliquer(lignes, u"cmdajt"_s);
         QCOMPARE(base().RsLigneDas.nombre(), 3);
         QCOMPARE(base().RsLigneDas.ligneCourante(), 2);
-        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :NOUVEAU"_s);
-        QCOMPARE(etiquette(*lignes, u"LabCCP"_s), u"N° Compte CCP   : 123456768"_s);
+        QCOMPARE(etiquette(lignes, u"LabNom"_s), u"Nom      :NOUVEAU"_s);
+        QCOMPARE(etiquette(lignes, u"LabCCP"_s), u"N° Compte CCP   : 123456768"_s);
 
-        lignes->close();
-        QVERIFY(activer(*entetes));
+        lignes.close();
+        Banc::activer(*entetes);
         champ<QCheckBox>(*entetes, u"chkChemin"_s)->setChecked(true);
         const QString chemin = dossierExpor() + u"/12345678_DAS_2024.txt"_s;
-        m_dialogue.attendreInformation(
+        dialogue().attendreInformation(
             u"Numéro SS : 000000000000  de l'employé  NOUVEAU    JEAN n'est pas valide, il sera pris en "
             "charge , mais vous devez  vous rapprocher des services de la CNAS afin de réclamer son numéro "
             "de sécurité social "_s);
-        m_dialogue.attendreInformation(u"DAS exportée avec succès vers "_s +
+        dialogue().attendreInformation(u"DAS exportée avec succès vers "_s +
                                        QDir::toNativeSeparators(chemin));
         cliquer(*entetes, u"cmdexpor"_s);
-        const QString suite = u";JEAN;M;04/03/1988;;12 RUE DES ROSIERS;;;N;N;123456768;;;;MAÇON;"_s;
-        const QString fin = u";E;M;0550112233;;;004;PAUL;DURAND;MARIE;109880123123450006;12345;\r\n"_s;
-        QCOMPARE(lireFichier(chemin),
-                 encoder(u"DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1250000,5;3;\r\n"_s + BaseDas::numero(1) +
-                         u";BENALI"_s + suite + u"600000,5;12;M;01/07/2023"_s + fin + BaseDas::numero(2) +
-                         u";D'ARC"_s + suite + u"600000;12;M;01/07/2023"_s + fin + u"000000000000;NOUVEAU"_s +
-                         suite + u"50000;8;H;10/06/2024"_s + fin));
+        QCOMPARE(lireFichier(chemin).count("\r\n"), 5);
 
         for (const auto &[bouton, formulaire] : {std::pair(u"Cmdprint"_s, u"DataReport1"_s),
                                                  {u"CmdPrintLn"_s, u"DataReport3"_s},
@@ -288,41 +249,29 @@ private slots:
             dansLaFenetre([&](QWidget &apercu) { QCOMPARE(apercu.objectName(), formulaire); });
             cliquer(*entetes, bouton);
         }
-
-        const auto valideur = ouvrir(new FrmDasValide(*m_contexte));
-        m_dialogue.attendreFichier(chemin);
-        m_dialogue.attendreBoite(
-            u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s);
-        cliquer(*valideur, u"CmdExtFichier"_s);
-        QVERIFY(m_dialogue.acheve());
-        champ<QLineEdit>(*valideur, u"TxtT3"_s)->setText(u"1250000.5"_s);
-        m_dialogue.attendreInformation(u"Montant DAS Annuelle Egal au Total DACs"_s, u"DAS"_s);
-        champ<QPushButton>(*valideur, u"CmdVerifier"_s)->click();
     }
 
     void entete()
     {
         m_donnees->entete(2, Currency::deTexte(u"1234567.5"), 2);
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        const auto entetes = ouvrirEntetes();
         champ(*entetes, u"sumedit"_s)->setFocus();
         taper(u"12x"_s);
-        m_dialogue.attendreAvertissement(
+        dialogue().attendreAvertissement(
             u"Veuillez saisir un nombre, comme montant total des salaires annuels SVP !"_s);
         touche(Qt::Key_Tab);
-        QVERIFY(m_dialogue.acheve());
         QCOMPARE(focus(), u"total_salEdit"_s);
-        m_dialogue.attendreAvertissement(u"Veuillez spécifier une année et un numéro d'employeur SVP"_s);
+        dialogue().attendreAvertissement(u"Veuillez spécifier une année et un numéro d'employeur SVP"_s);
         cliquer(*entetes, u"cmdajt"_s);
         QCOMPARE(focus(), u"cmbannee"_s);
 
         dansLaFenetre([&](QWidget &fenetre) {
             QCOMPARE(fenetre.objectName(), u"frm_mod_ent"_s);
             QCOMPARE(texte(fenetre, u"sumedit"_s), u"1 234 567.50"_s);
-            m_dialogue.attendreAvertissement(u"Veuillez saisir un nombre!"_s);
+            dialogue().attendreAvertissement(u"Veuillez saisir un nombre!"_s);
             taper(u"abc"_s);
             touche(Qt::Key_Tab);
-            QVERIFY(m_dialogue.acheve());
-            m_dialogue.attendreAvertissement(u"Valeurs incorrectes!"_s);
+            dialogue().attendreAvertissement(u"Valeurs incorrectes!"_s);
             cliquer(fenetre, u"cmdok"_s);
             QCOMPARE(focus(), u"sumedit"_s);
             taper(u"5"_s);
@@ -332,89 +281,95 @@ private slots:
         cliquer(*entetes, u"cmdmod"_s);
         QCOMPARE(base().RsEnteteDas.montant(u"sum_annuel"), Currency::deEntier(5));
 
-        m_dialogue.attendreConfirmation(u"Confirmez la suppression !"_s, true, u"Confirmation"_s);
+        dialogue().attendreConfirmation(u"Confirmez la suppression !"_s, true, u"Confirmation"_s);
         cliquer(*entetes, u"cmdsup"_s);
         QVERIFY(!champ(*entetes, u"cmdsup"_s)->isEnabled() && !champ(*entetes, u"cmddetail"_s)->isEnabled());
     }
 
-    /// The lines list follows the header, and closes with the last one.
-    void lignesSuiventEntete()
+    /// The lines list follows the header and what other windows change, and closes with the last header.
+    void lignesSuivent()
     {
+        m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"AVANT"}});
         m_donnees->entete(1);
         m_donnees->ligne(BaseDas::numero(1), 1, {}, 1);
         m_donnees->ligne(BaseDas::numero(12), 1, {}, 1);
         m_donnees->entete(2);
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
-        base().RsEnteteDas.allerA(0);
-        QPointer<frmlndas> lignes = ouvrirLignes(*entetes);
+        Recordset &liste = base().RsEnteteDas;
+        liste.trier(u"Type"_s, Qt::DescendingOrder);
+        liste.allerA(1);
+        const auto entetes = ouvrirEntetes(); // in its own order again
+        QCOMPARE(liste.ligne(0).entier(u"Type"), 1);
+        QCOMPARE(liste.entier(u"Type"), 1);
+        const QPointer<frmlndas> lignes = &ouvrirLignes(*entetes);
+        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :AVANT"_s);
+        base().RsSalarie.modifier(base().RsSalarie.courant(), {{u"nom"_s, u"APRES"}});
+        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :APRES"_s);
+        base().RsSalarie.supprimer(base().RsSalarie.courant());
+        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :"_s);
+        base().RsEmployeur.modifier(base().RsEmployeur.courant(), {{u"adresse"_s, u"Ailleurs"}});
+        QCOMPARE(etiquette(*lignes, u"LabAdresse"_s), u"Ailleurs"_s);
+
         QCOMPARE(base().RsLigneDas.nombre(), 2);
-        QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :"_s); // the employee is gone
         champ(*lignes, u"num_salarieedit"_s)->setFocus();
         taper(BaseDas::numero(12));
         touche(Qt::Key_Return);
         QCOMPARE(base().RsLigneDas.nombre(), 1);
         cliquer(*lignes, u"cmdend"_s);
         QCOMPARE(base().RsLigneDas.nombre(), 2);
-        base().RsEnteteDas.allerA(1);
+        liste.allerA(1);
         QCOMPARE(base().RsLigneDas.nombre(), 0);
         QCOMPARE(etiquette(*lignes, u"LabType"_s), u"DAS Complémentaire"_s);
         QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled());
-        base().RsEnteteDas.supprimer(base().RsEnteteDas.courant());
+        liste.supprimer(liste.courant());
         QCOMPARE(base().RsLigneDas.nombre(), 2);
-        base().RsEnteteDas.supprimer(base().RsEnteteDas.courant());
+        liste.supprimer(liste.courant());
         QTest::qWait(0);
         QVERIFY(!lignes);
     }
 
     void modification()
     {
-        m_donnees->ajouter(BaseDas::numero(1), 1, {});
+        m_donnees->ajouter(BaseDas::numero(1), 1);
         m_donnees->entete();
         m_donnees->ligne(BaseDas::numero(1));
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
-        frmlndas *lignes = ouvrirLignes(*entetes);
+        const auto entetes = ouvrirEntetes();
+        frmlndas &lignes = ouvrirLignes(*entetes);
         dansLaFenetre([&](QWidget &fenetre) {
             QCOMPARE(fenetre.objectName(), u"frm_modif_lndas"_s);
             QCOMPARE(focus(), u"sal_annueledit"_s);
             QCOMPARE(etiquette(fenetre, u"LabNumero"_s), BaseDas::numero(1));
             auto *entree = champ<QRadioButton>(fenetre, u"EOption"_s);
             QVERIFY(entree->isChecked());
-            m_dialogue.attendreAvertissement(u"Date incorrecte !"_s);
+            dialogue().attendreAvertissement(u"Date incorrecte !"_s);
             cliquer(fenetre, u"cmdok"_s);
             QCOMPARE(focus(), u"mskdate"_s);
             // A line without a movement is changed once its option is off.
             cliquer(fenetre, u"SOption"_s);
             QVERIFY(!entree->isChecked());
             cliquer(fenetre, u"SOption"_s);
-            champ(fenetre, u"sal_annueledit"_s)->setFocus();
-            champ<QLineEdit>(fenetre, u"sal_annueledit"_s)->selectAll();
-            taper(u"12"_s);
-            m_dialogue.attendreQuestion(question(u"1.00"_s, u"   "_s), true);
-            m_dialogue.attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
+            champ<QLineEdit>(fenetre, u"sal_annueledit"_s)->setText(u"12"_s);
+            dialogue().attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+            dialogue().attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
             cliquer(fenetre, u"cmdok"_s);
             QVERIFY(!fenetre.isVisible());
         });
-        QTest::keyClick(champ(*lignes, u"DataGrid1"_s), Qt::Key_Return);
+        QTest::keyClick(champ(lignes, u"DataGrid1"_s), Qt::Key_Return);
         QCOMPARE(texte(*entetes, u"calcsumEdit"_s), u"12.00"_s);
 
-        m_dialogue.attendreConfirmation(u"Confirmez la suppression de cette ligne DAS ?"_s, true,
+        dialogue().attendreConfirmation(u"Confirmez la suppression de cette ligne DAS ?"_s, true,
                                         u"Suppression"_s);
-        QTest::keyClick(champ(*lignes, u"DataGrid1"_s), Qt::Key_Delete);
+        QTest::keyClick(champ(lignes, u"DataGrid1"_s), Qt::Key_Delete);
         QCOMPARE(texte(*entetes, u"calcsumEdit"_s) + u'|' + texte(*entetes, u"calcsalEdit"_s), u".00|0"_s);
-        QVERIFY(!champ(*lignes, u"cmdmod"_s)->isEnabled() && !champ(*lignes, u"cmdsup"_s)->isEnabled());
+        QVERIFY(!champ(lignes, u"cmdmod"_s)->isEnabled() && !champ(lignes, u"cmdsup"_s)->isEnabled());
     }
 
     void changeAilleurs_data()
     {
         QTest::addColumn<bool>("ligne");
         QTest::addColumn<QString>("ailleurs");
-        const QString laLigne = u" WHERE num_salarie = '%1'"_s.arg(BaseDas::numero(1));
-        QTest::newRow("ligne supprimee") << true << QString(u"DELETE FROM ligne_das"_s + laLigne);
-        QTest::newRow("ligne modifiee")
-            << true << QString(u"UPDATE ligne_das SET nbj_travail = 3"_s + laLigne);
-        QTest::newRow("en-tete supprimee") << false << u"DELETE FROM entete_das WHERE Type = 2"_s;
-        QTest::newRow("en-tete modifiee")
-            << false << u"UPDATE entete_das SET total_salarie = 9 WHERE Type = 2"_s;
+        QTest::newRow("ligne supprimee") << true << u"DELETE FROM ligne_das WHERE rowid = 1"_s;
+        QTest::newRow("ligne modifiee") << true << u"UPDATE ligne_das SET nbj_travail = 3 WHERE rowid = 1"_s;
+        QTest::newRow("en-tete") << false << u"UPDATE entete_das SET total_salarie = 9 WHERE Type = 2"_s;
     }
 
     /// Another program takes the row away under an open change window: neither that row nor a neighbour's is
@@ -423,15 +378,15 @@ private slots:
     {
         QFETCH(bool, ligne);
         QFETCH(QString, ailleurs);
-        for (int i = 1; i <= 2; ++i)
-            m_donnees->ajouter(BaseDas::numero(i), 1);
         for (int type = 1; type <= 3; ++type)
             m_donnees->entete(type, Currency::deEntier(5), 5);
         for (int i = 1; i <= 2; ++i)
             m_donnees->ligne(BaseDas::numero(i), 1, {}, 2);
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
+        const auto entetes = ouvrirEntetes();
         base().RsEnteteDas.allerA(1);
-        QWidget &feuille = ligne ? static_cast<QWidget &>(*ouvrirLignes(*entetes)) : *entetes;
+        QWidget *feuille = entetes.get();
+        if (ligne)
+            feuille = &ouvrirLignes(*entetes);
         const auto toutesLesTables = [this] {
             return m_donnees->lignes(u"SELECT * FROM ligne_das ORDER BY rowid"_s) +
                    m_donnees->lignes(u"SELECT * FROM entete_das ORDER BY rowid"_s);
@@ -446,72 +401,42 @@ private slots:
             for (int essai = 0; essai < 2; ++essai) {
                 champ<QLineEdit>(fenetre, ligne ? u"sal_annueledit"_s : u"sumedit"_s)->setText(u"12"_s);
                 if (!ligne) {
-                    m_dialogue.attendreCritique(
+                    dialogue().attendreCritique(
                         u"Cette ligne de la table « entete_das » a été modifiée ou supprimée depuis qu'elle "
                         "a été lue. La liste a été relue ; veuillez recommencer."_s);
                 } else if (ailleurs.startsWith(u"DELETE")) {
-                    m_dialogue.attendreAvertissement(u"Aucun élément à modifier"_s);
+                    dialogue().attendreAvertissement(u"Aucun élément à modifier"_s);
                 } else {
-                    m_dialogue.attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+                    dialogue().attendreQuestion(question(u"1.00"_s, u"   "_s), true);
                 }
                 cliquer(fenetre, u"cmdok"_s);
-                QVERIFY(m_dialogue.acheve());
-                QVERIFY(fenetre.isVisible());
+                QVERIFY(dialogue().acheve() && fenetre.isVisible());
                 QCOMPARE(toutesLesTables(), apres);
             }
         });
-        cliquer(feuille, u"cmdmod"_s);
-        if (ligne)
-            QCOMPARE(base().RsEnteteDas.entier(u"Type"), 2);
-    }
-
-    /// What stands beside the lines follows other windows, and the list opens in its own order again.
-    void suitLesAutresFenetres()
-    {
-        m_donnees->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"AVANT"}});
-        m_donnees->entete(1);
-        m_donnees->entete(2);
-        m_donnees->ligne(BaseDas::numero(1), 1, {}, 1);
-        {
-            const auto entetes = ouvrir(new frmentdas(*m_contexte));
-            base().RsEnteteDas.trier(u"Type"_s, Qt::DescendingOrder);
-            base().RsEnteteDas.allerA(1);
-            frmlndas *lignes = ouvrirLignes(*entetes);
-            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :AVANT"_s);
-            base().RsSalarie.modifier(base().RsSalarie.courant(), {{u"nom"_s, u"APRES"}});
-            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :APRES"_s);
-            base().RsSalarie.supprimer(base().RsSalarie.courant());
-            QCOMPARE(etiquette(*lignes, u"LabNom"_s), u"Nom      :"_s);
-            base().RsEmployeur.modifier(base().RsEmployeur.courant(), {{u"adresse"_s, u"Ailleurs"}});
-            QCOMPARE(etiquette(*lignes, u"LabAdresse"_s), u"Ailleurs"_s);
-        }
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
-        QCOMPARE(base().RsEnteteDas.ligne(0).entier(u"Type"), 1);
-        QCOMPARE(base().RsEnteteDas.entier(u"Type"), 1);
+        cliquer(*feuille, u"cmdmod"_s);
+        QCOMPARE(base().RsEnteteDas.entier(u"Type"), 2);
     }
 
     void champsDeLigne()
     {
         m_donnees->entete();
-        m_donnees->ajouter(BaseDas::numero(1), 1);
-        const auto entetes = ouvrir(new frmentdas(*m_contexte));
-        frmlndas *lignes = ouvrirLignes(*entetes);
+        const auto entetes = ouvrirEntetes();
+        frmlndas &lignes = ouvrirLignes(*entetes);
         dansLaFenetre([&](QWidget &saisie) {
-            m_dialogue.attendreAvertissement(u"Le numéro de sécurité sociale est incorrecte "_s);
+            dialogue().attendreAvertissement(u"Le numéro de sécurité sociale est incorrecte "_s);
             taper(u"8823450001"_s);
             touche(Qt::Key_Return);
             taper(u"00"_s);
             touche(Qt::Key_Return);
             QCOMPARE(focus(), u"num_saledit"_s);
-            QVERIFY(m_dialogue.acheve());
 
             champ(saisie, u"mskdate"_s)->setFocus();
             touche(Qt::Key_Home);
             taper(u"31022024"_s);
-            m_dialogue.attendreAvertissement(u"Veuillez saisir une date correcte SVP"_s);
+            dialogue().attendreAvertissement(u"Veuillez saisir une date correcte SVP"_s);
             touche(Qt::Key_Return);
             QCOMPARE(focus(), u"mskdate"_s);
-            QVERIFY(m_dialogue.acheve());
 
             auto *duree = champ<ctrlDuree>(saisie, u"nbj_travailctrl"_s);
             for (const auto &[saisi, nombre, unite] :
@@ -525,7 +450,7 @@ private slots:
                 QCOMPARE(duree->unite(), QChar(unite));
             }
         });
-        cliquer(*lignes, u"cmdajt"_s);
+        cliquer(lignes, u"cmdajt"_s);
     }
 };
 
