@@ -6,6 +6,7 @@
 #include <QThread>
 
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -15,6 +16,26 @@ void dire()
 {
     std::fputc('.', stdout);
     std::fflush(stdout);
+}
+
+void lancer(QProcess &enfant, const QStringList &mots)
+{
+    enfant.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    enfant.start(QCoreApplication::applicationFilePath(), QStringList{QString::fromLatin1(marque)} + mots);
+}
+
+enfant::Fin finir(QProcess &enfant, std::optional<qint64> tuerApresMicrosecondes)
+{
+    if (!enfant.waitForReadyRead())
+        qFatal("the child does not begin");
+    QElapsedTimer horloge;
+    horloge.start();
+    if (tuerApresMicrosecondes) {
+        QThread::usleep(static_cast<unsigned long>(*tuerApresMicrosecondes));
+        enfant.kill();
+    }
+    enfant.waitForFinished(-1);
+    return {horloge.nsecsElapsed() / 1000, enfant.readAllStandardOutput().size() - 1, enfant.exitCode()};
 }
 
 } // namespace
@@ -36,16 +57,17 @@ void enfant::signaler() { dire(); }
 enfant::Fin enfant::faire(const QStringList &mots, std::optional<qint64> tuerApresMicrosecondes)
 {
     QProcess enfant;
-    enfant.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    enfant.start(QCoreApplication::applicationFilePath(), QStringList{QString::fromLatin1(marque)} + mots);
-    if (!enfant.waitForReadyRead())
-        qFatal("the child does not begin");
-    QElapsedTimer horloge;
-    horloge.start();
-    if (tuerApresMicrosecondes) {
-        QThread::usleep(static_cast<unsigned long>(*tuerApresMicrosecondes));
-        enfant.kill();
-    }
-    enfant.waitForFinished(-1);
-    return {horloge.nsecsElapsed() / 1000, enfant.readAllStandardOutput().size() - 1};
+    lancer(enfant, mots);
+    return finir(enfant, tuerApresMicrosecondes);
+}
+
+QList<enfant::Fin> enfant::faireEnsemble(int combien, const QStringList &mots)
+{
+    std::vector<QProcess> enfants(static_cast<std::size_t>(combien));
+    for (QProcess &un : enfants)
+        lancer(un, mots);
+    QList<Fin> fins;
+    for (QProcess &un : enfants)
+        fins += finir(un, {});
+    return fins;
 }

@@ -20,9 +20,12 @@ struct Fin
 {
     qint64 microsecondes; ///< from the beginning of its work on
     qint64 pas;           ///< steps that it had reported
+    int sortie = 0;       ///< its exit code
 };
 
 /// Runs a child to the end of its work, or kills it that long after the beginning.
 Fin faire(const QStringList &mots, std::optional<qint64> tuerApresMicrosecondes = {});
+/// Runs as many children at the same time, each to the end of its work.
+QList<Fin> faireEnsemble(int combien, const QStringList &mots);
 
 } // namespace enfant

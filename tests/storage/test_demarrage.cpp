@@ -3,53 +3,47 @@
 #include "storage/installation.h"
 #include "storage/lieux.h"
 #include "storage/schema.h"
+#include "tests/commun/cas.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/commun/enfant.h"
+#include "tests/storage/baseessai.h"
 #include "tests/storage/foyer.h"
 #include "tests/storage/surdisque.h"
 
-#include <QCoreApplication>
 #include <QDirIterator>
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QTest>
-#include <QThread>
-
-#include <array>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
+using namespace boites;
 
 namespace {
 
-const QString incorrecte = u"Format fichier incorrecte !"_s;
+const Attente incorrecte = critique(u"Format fichier incorrecte !"_s);
 
-const QString creees[] = {
-    u"tables EnteteCI et Detail_Ci crées, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"table Période crée, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"tables Entete Dac et Ligne_Dac crées, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"table Nationalité crée, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"table Banque crée, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"table communes crée, Veuillez relancer une seconde fois l'application, SVP"_s,
-    u"table Wilaya crée, Veuillez relancer une seconde fois l'application, SVP"_s};
+/// What the starts tell, one after the other, over a database of years ago.
+const QStringList creees{u"tables EnteteCI et Detail_Ci crées"_s,
+                         u"table Période crée"_s,
+                         u"tables Entete Dac et Ligne_Dac crées"_s,
+                         u"table Nationalité crée"_s,
+                         u"table Banque crée"_s,
+                         u"table communes crée"_s,
+                         u"table Wilaya crée"_s};
 
-/// One start that must show exactly the boxes of the scenario.
-Demarrage demarrerAvec(DialogueScenario &dialogue, Base &base)
+Attente creee(const QString &groupe)
 {
-    const Demarrage resultat = demarrer(base, dialogue);
-    dialogue.acheve();
-    return resultat;
+    return information(groupe + u", Veuillez relancer une seconde fois l'application, SVP"_s);
+}
+
+/// One start that must show exactly these boxes.
+Demarrage demarrerAvec(const Attentes &boites, Base &base)
+{
+    DialogueScenario dialogue;
+    dialogue.attendre(boites);
+    return demarrer(base, dialogue);
 }
 
 QString cheminVerrou() { return QFileInfo(cheminBase()).absolutePath() + u"/installation.verrou"_s; }
-
-/// Changes the database as another tool would.
-void changerBase(const QStringList &ordres)
-{
-    Connexion cnx;
-    cnx.ouvrir(cheminBase());
-    for (const QString &ordre : ordres)
-        cnx.definir(ordre);
-}
 
 int nombre(Connexion &cnx, const QString &table)
 {
@@ -71,18 +65,10 @@ QMap<QString, QByteArray> contenu(const QString &dossier)
 /// Starts as the shell does, over and over, until nothing is missing. @return the count of starts
 int demarrerJusquAuBout()
 {
-    class Muet : public Dialogue
-    {
-    public:
-        QString choisirFichier(const QString &, const QString &) override { return {}; }
-        QString choisirDestination(const QString &, const QString &, const QString &) override { return {}; }
-
-    protected:
-        bool montrer(const Boite &) override { return true; }
-    } muet;
+    DialogueOui dialogue;
     for (int fois = 1; fois < 20; ++fois) {
         Base base;
-        if (demarrer(base, muet) == Demarrage::Complet)
+        if (demarrer(base, dialogue) == Demarrage::Complet)
             return fois;
     }
     return -1;
@@ -93,6 +79,30 @@ int demarrerJusquAuBout()
 class TestDemarrage : public QObject
 {
     Q_OBJECT
+
+    struct CasGroupe
+    {
+        const char *nom;
+        QString sql;   // what is done to a new database
+        QString table; // the one that can't be created
+        QString cause;
+        bool ensuite; // whether the next start gets by
+    };
+
+    struct CasFichier
+    {
+        const char *nom;
+        QString table;
+        QByteArray octets; // null: no file
+        QString issue;     // absent, incorrecte, or the rows and the first name
+    };
+
+    struct CasBase
+    {
+        const char *nom;
+        std::function<void(QByteArray &)> abimer;
+        QString texte;
+    };
 
 private slots:
     void premierDemarrage()
@@ -105,10 +115,8 @@ private slots:
         QElapsedTimer temps;
         temps.start();
         {
-            DialogueScenario dialogue;
             Base base;
-            const Demarrage resultat = demarrerAvec(dialogue, base);
-            QCOMPARE(resultat, Demarrage::Complet);
+            QCOMPARE(demarrerAvec({}, base), Demarrage::Complet);
             QVERIFY2(temps.elapsed() < 25'000, "it waits for a program that is gone");
             QVERIFY(!base.declarationsPossibles());
             QCOMPARE(base.RsBanque.nombre(), 24);
@@ -144,10 +152,8 @@ private slots:
         QVERIFY(!QFileInfo::exists(cheminBase() + u".nouveau"_s));
 
         const QByteArray avant = lireFichier(cheminBanques());
-        DialogueScenario dialogue;
         Base base;
-        const Demarrage resultat = demarrerAvec(dialogue, base);
-        QCOMPARE(resultat, Demarrage::Complet);
+        QCOMPARE(demarrerAvec({}, base), Demarrage::Complet);
         QVERIFY(base.declarationsPossibles());
         QCOMPARE(base.RsBanque.nombre(), 24);
         QCOMPARE(lireFichier(cheminBanques()), avant);
@@ -168,50 +174,32 @@ private slots:
     {
         for (int essai = 0; essai < 4; ++essai) {
             Foyer foyer;
-            std::array<QProcess, 6> enfants;
-            for (QProcess &enfant : enfants)
-                enfant.start(QCoreApplication::applicationFilePath(), {u"--enfant"_s});
-            for (QProcess &enfant : enfants) {
-                QByteArray dit;
-                while (!dit.contains("end") && enfant.waitForReadyRead())
-                    dit += enfant.readAll();
-                QCOMPARE(dit, "start\nend after 1\n");
-                enfant.kill();
-                enfant.waitForFinished();
-            }
+            for (const enfant::Fin &fin : enfant::faireEnsemble(6, {}))
+                QCOMPARE(fin.sortie, 1);
         }
     }
 
     void colonnesDeSalarie_data()
     {
-        QTest::addColumn<int>("colonnes");
         QTest::addColumn<bool>("connu");
-        for (const int colonnes : {17, 18, 22, 28})
-            QTest::addRow("%d", colonnes) << colonnes << true;
-        for (const int colonnes : {16, 19, 29})
-            QTest::addRow("%d", colonnes) << colonnes << false;
+        for (const int colonnes : {16, 17, 18, 19, 22, 28, 29})
+            QTest::addRow("%d", colonnes) << (colonnes != 16 && colonnes != 19 && colonnes != 29);
     }
 
     void colonnesDeSalarie()
     {
-        QFETCH(int, colonnes);
         QFETCH(bool, connu);
+        const int colonnes = QByteArray(QTest::currentDataTag()).toInt();
         Foyer foyer;
         poserAncienneBase(colonnes, 50);
-        DialogueScenario dialogue;
-        if (connu)
-            dialogue.attendreInformation(creees[0]);
-        else
-            dialogue.attendreCritique(incorrecte);
         Base base;
-        const Demarrage resultat = demarrerAvec(dialogue, base);
+        const Demarrage resultat = demarrerAvec({connu ? creee(creees[0]) : incorrecte}, base);
         QCOMPARE(base.RsSalarie.nombre(), 50);
         QCOMPARE(base.RsSalarie.ligne(49).texte(u"Num_Salarie"), u"000000000050"_s);
         QCOMPARE(base.RsSalarie.columnCount(), connu ? 28 : colonnes);
         if (!connu) {
             QCOMPARE(resultat, Demarrage::Interrompu);
-            QVERIFY(!base.RsEmployeur.estOuvert());
-            QVERIFY(!base.RsLigneDas.estOuvert());
+            QVERIFY(!base.RsEmployeur.estOuvert() && !base.RsLigneDas.estOuvert());
             QVERIFY(echecDe([&] { base.RsEmployeur.vide(); }).contains(u"« employeur » n'est pas ouverte"));
             return;
         }
@@ -219,110 +207,83 @@ private slots:
         for (int i = 0; i < 28; ++i)
             QCOMPARE(base.RsSalarie.nomColonne(i), tableDuSchema(u"salarie").colonnes[i].nom);
         // The added columns have the widths of the new ones.
-        QVERIFY(echecDe([&] {
-                    base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(19, u'1')}});
-                }).contains(u"18 caractères au plus"));
-        base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(18, u'1')}});
-        QCOMPARE(base.RsSalarie.texte(u"NIN"), QString(18, u'1'));
+        const auto ecrire = [&](int chiffres) {
+            base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(chiffres, u'1')}});
+        };
+        QVERIFY(echecDe([&] { ecrire(19); }).contains(u"18 caractères au plus"));
+        ecrire(18);
     }
 
     void septGroupes()
     {
         Foyer foyer;
         poserAncienneBase(17, 3);
-        for (const QString &message : creees) {
-            DialogueScenario dialogue;
-            dialogue.attendreInformation(message);
+        for (const QString &groupe : creees) {
             Base base;
-            QCOMPARE(demarrerAvec(dialogue, base), Demarrage::FinProgramme);
+            QCOMPARE(demarrerAvec({creee(groupe)}, base), Demarrage::FinProgramme);
         }
-        DialogueScenario dialogue;
         Base base;
-        QCOMPARE(demarrerAvec(dialogue, base), Demarrage::Complet);
+        QCOMPARE(demarrerAvec({}, base), Demarrage::Complet);
         for (const Recordset *rs : {&base.RsBanque, &base.RsCommune, &base.RsWilaya})
             QCOMPARE(rs->nombre(), 1);
         // The indexes came with the tables or at the end of the start.
-        QStringList indexPresents;
-        Requete noms = base.Cnx.lire(u"SELECT name FROM sqlite_master WHERE type = 'index' AND sql > ''"_s);
-        while (noms.suivante())
-            indexPresents += noms.texte(0);
+        const QStringList presents =
+            BaseEssai::lignes(base.Cnx, u"SELECT name FROM sqlite_master WHERE type = 'index'"_s);
         for (const Table &table : tablesDuSchema()) {
             for (const Index &un : table.index)
-                QVERIFY2(indexPresents.contains(un.nom), qPrintable(un.nom));
+                QVERIFY2(presents.contains(un.nom), qPrintable(un.nom));
         }
     }
 
     void groupesEnDefaut_data()
     {
-        QTest::addColumn<QStringList>("ordres");
-        QTest::addColumn<QString>("table"); // that can't be created
-        QTest::addColumn<QString>("cause");
-        QTest::addColumn<bool>("ensuite"); // whether the next start gets by
-
-        QTest::newRow("annee absente") << QStringList{u"DROP TABLE annee"_s} << u"Entete_CI"_s
-                                       << u"La table « annee » n'existe pas."_s << false;
-        QTest::newRow("second du groupe absent") << QStringList{u"DROP TABLE Ligne_Dac"_s} << u"Entete_Dac"_s
-                                                 << u"La table « Ligne_Dac » n'existe pas."_s << false;
-        QTest::newRow("premier du groupe absent")
-            << QStringList{u"DROP TABLE Entete_CI"_s} << u"Detail_CI"_s
-            << u"La table « Entete_CI » n'existe pas."_s << true; // what was created stays
-        QTest::newRow("autre colonne")
-            << QStringList{u"DROP TABLE Periode"_s, u"CREATE TABLE Periode (Kode char(6))"_s} << u"Periode"_s
-            << u"La colonne « Code » n'existe pas."_s << false;
+        lignesDuTest<CasGroupe>({{"annee absente", u"DROP TABLE annee"_s, u"Entete_CI"_s,
+                                  u"table « annee » n'existe pas."_s, false},
+                                 {"second du groupe absent", u"DROP TABLE Ligne_Dac"_s, u"Entete_Dac"_s,
+                                  u"table « Ligne_Dac » n'existe pas."_s, false},
+                                 {"premier du groupe absent", u"DROP TABLE Entete_CI"_s, u"Detail_CI"_s,
+                                  u"table « Entete_CI » n'existe pas."_s, true}, // what was created stays
+                                 {"autre colonne", u"ALTER TABLE Periode RENAME COLUMN Code TO Kode"_s,
+                                  u"Periode"_s, u"colonne « Code » n'existe pas."_s, false},
+                                 {"livree absente",
+                                  u"DROP TABLE entete_das"_s,
+                                  {},
+                                  u"table « entete_das » n'existe pas."_s,
+                                  false}});
     }
 
     void groupesEnDefaut()
     {
-        QFETCH(QStringList, ordres);
-        QFETCH(QString, table);
-        QFETCH(QString, cause);
-        QFETCH(bool, ensuite);
+        QFETCH(CasGroupe, cas);
         Foyer foyer;
         installerSiAbsente();
-        changerBase(ordres);
         {
-            DialogueScenario dialogue;
-            Base base;
-            QString texte;
-            try {
-                demarrer(base, dialogue);
-            } catch (const ErreurFatale &erreur) {
-                texte = erreur.texte();
-            }
-            QVERIFY2(
-                texte.startsWith(
-                    u"La table « %1 » n'a pas pu être créée.\nLa table « %1 » existe déjà."_s.arg(table)),
-                qPrintable(texte));
-            QVERIFY2(texte.contains(cause), qPrintable(texte));
+            Connexion autre;
+            autre.ouvrir(cheminBase());
+            autre.definir(cas.sql);
         }
-        DialogueScenario dialogue;
         Base base;
-        QCOMPARE(echecDe([&] { demarrer(base, dialogue); }).isEmpty(), ensuite);
-    }
-
-    void livreeAbsente()
-    {
-        Foyer foyer;
-        installerSiAbsente();
-        changerBase({u"DROP TABLE entete_das"_s});
-        DialogueScenario dialogue;
-        Base base;
-        bool deBase = false;
+        const QString debut =
+            cas.table.isEmpty()
+                ? u"La "_s + cas.cause
+                : u"La table « %1 » n'a pas pu être créée.\nLa table « %1 » existe déjà."_s.arg(cas.table);
+        QString texte;
         try {
-            demarrer(base, dialogue);
+            demarrerAvec({}, base);
+        } catch (const ErreurFatale &erreur) {
+            texte = erreur.texte();
+            QVERIFY(!cas.table.isEmpty());
         } catch (const ErreurBase &erreur) { // no end of the program
-            deBase = erreur.texte().startsWith(u"La table « entete_das » n'existe pas.");
+            texte = erreur.texte();
+            QVERIFY(cas.table.isEmpty() && base.RsLigneDas.estOuvert() && !base.RsAnnee.estOuvert());
         }
-        QVERIFY(deBase);
-        QVERIFY(base.RsLigneDas.estOuvert());
-        QVERIFY(!base.RsAnnee.estOuvert());
+        QVERIFY2(texte.startsWith(debut) && texte.contains(cas.cause), qPrintable(texte));
+        Base suivante;
+        QCOMPARE(echecDe([&] { demarrerAvec({}, suivante); }).isEmpty(), cas.ensuite);
     }
 
     void fichiersDeReference_data()
     {
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<QByteArray>("octets"); // null: no file
-        QTest::addColumn<QString>("issue");     // absent, incorrecte, or the rows
         const auto lignes = [](int combien, const QByteArray &fin) {
             QByteArray octets;
             for (int i = 1; i <= combien; ++i)
@@ -330,143 +291,123 @@ private slots:
             return QByteArray(octets + fin);
         };
         const QByteArray deux = "101A         Un   \r\n102B         Deux\r\nEnd\r\n";
-        QTest::newRow("absent") << u"Banque"_s << QByteArray() << u"absent"_s;
-        QTest::newRow("vide") << u"Banque"_s << QByteArray("") << u"absent"_s;
-        QTest::newRow("dix lignes") << u"Banque"_s << lignes(10, "End\r\n") << u"10 Une banque éœ'"_s;
-        QTest::newRow("End sans fin de ligne") << u"Banque"_s << lignes(10, "End") << u"10 Une banque éœ'"_s;
-        QTest::newRow("sans End") << u"Banque"_s << lignes(10, {}) << u"9 Une banque éœ'"_s;
-        QTest::newRow("suite après End")
-            << u"Banque"_s << lignes(2, "Endive\r\n999X\r\n") << u"2 Une banque éœ'"_s;
-        QTest::newRow("end en minuscules")
-            << u"Banque"_s << lignes(2, "end\r\nEnd\r\n") << u"3 Une banque éœ'"_s;
-        QTest::newRow("fins LF") << u"Banque"_s << QByteArray(deux).replace("\r\n", "\n") << u"2 Un"_s;
-        QTest::newRow("End seul") << u"Banque"_s << QByteArray("End\r\n") << u"0"_s;
-        QTest::newRow("code répété") << u"Banque"_s << QByteArray(deux).replace("102B", "101B")
-                                     << u"incorrecte"_s;
-        QTest::newRow("ligne vide") << u"Banque"_s << QByteArray(deux).replace("102B", "\r\n102B")
-                                    << u"incorrecte"_s;
-        QTest::newRow("commune, ligne vide")
-            << u"Commune"_s << QByteArray("0101ADRAR\r\n\r\n   X\r\n0102TAMEST\r\nEnd\r\n") << u"2 ADRAR"_s;
-        QTest::newRow("commune, code répété")
-            << u"Commune"_s << QByteArray("0101ADRAR\r\n0101TAMEST\r\nEnd\r\n") << u"incorrecte"_s;
-        QTest::newRow("commune, absent") << u"Commune"_s << QByteArray() << u"absent"_s;
-        QTest::newRow("wilaya, ligne blanche")
-            << u"Wilaya"_s << QByteArray("   \r\n01ADRAR\r\nEnd\r\n") << u"1 ADRAR"_s;
-        QTest::newRow("wilaya, code vide")
-            << u"Wilaya"_s << QByteArray("01ADRAR\r\n  X\r\nEnd\r\n") << u"incorrecte"_s;
-        QTest::newRow("wilaya, absent") << u"Wilaya"_s << QByteArray() << u"absent"_s;
+        const auto change = [deux](const char *par) { return QByteArray(deux).replace("102B", par); };
+        const QString banque = u"Banque"_s;
+        const QString commune = u"Commune"_s;
+        const QString wilaya = u"Wilaya"_s;
+        const QString incorrecte = u"incorrecte"_s;
+        lignesDuTest<CasFichier>(
+            {{"absent", banque, {}, u"absent"_s},
+             {"vide", banque, "", u"absent"_s},
+             {"dix lignes", banque, lignes(10, "End\r\n"), u"10 Une banque éœ'"_s},
+             {"End sans fin de ligne", banque, lignes(10, "End"), u"10 Une banque éœ'"_s},
+             {"sans End", banque, lignes(10, {}), u"9 Une banque éœ'"_s},
+             {"suite après End", banque, lignes(2, "Endive\r\n999X\r\n"), u"2 Une banque éœ'"_s},
+             {"end en minuscules", banque, lignes(2, "end\r\nEnd\r\n"), u"3 Une banque éœ'"_s},
+             {"fins LF", banque, QByteArray(deux).replace("\r\n", "\n"), u"2 Un"_s},
+             {"End seul", banque, "End\r\n", u"0"_s},
+             {"code répété", banque, change("101B"), incorrecte},
+             {"ligne vide", banque, change("\r\n102B"), incorrecte},
+             {"commune, ligne vide", commune, "0101ADRAR\r\n\r\n   X\r\n0102TAMEST\r\nEnd\r\n", u"2 ADRAR"_s},
+             {"commune, code répété", commune, "0101ADRAR\r\n0101TAMEST\r\nEnd\r\n", incorrecte},
+             {"commune, absent", commune, {}, u"absent"_s},
+             {"wilaya, ligne blanche", wilaya, "   \r\n01ADRAR\r\nEnd\r\n", u"1 ADRAR"_s},
+             {"wilaya, code vide", wilaya, "01ADRAR\r\n  X\r\nEnd\r\n", incorrecte},
+             {"wilaya, absent", wilaya, {}, u"absent"_s}});
     }
 
     void fichiersDeReference()
     {
-        QFETCH(QString, table);
-        QFETCH(QByteArray, octets);
-        QFETCH(QString, issue);
+        QFETCH(CasFichier, cas);
         Foyer foyer;
         installerSiAbsente();
-        const QString chemin = dossierDas() + u"/%1s.txt"_s.arg(table);
+        const QString chemin = dossierDas() + u"/%1s.txt"_s.arg(cas.table);
         QVERIFY(QFile::remove(chemin));
-        if (!octets.isNull())
-            ecrireFichier(chemin, octets);
+        if (!cas.octets.isNull())
+            ecrireFichier(chemin, cas.octets);
 
-        DialogueScenario dialogue;
-        if (issue == u"absent") {
-            dialogue.attendreAvertissement(
-                u"Fichier %1s Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s.arg(table));
-        } else if (issue == u"incorrecte") {
-            dialogue.attendreCritique(incorrecte);
-        }
+        Attentes boites;
+        if (cas.issue == u"absent")
+            boites += avertissement(
+                u"Fichier %1s Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s.arg(cas.table));
+        else if (cas.issue == u"incorrecte")
+            boites += incorrecte;
         Base base;
-        const Demarrage resultat = demarrerAvec(dialogue, base);
-        Recordset &rs = table == u"Banque"    ? base.RsBanque
-                        : table == u"Commune" ? base.RsCommune
-                                              : base.RsWilaya;
+        const Demarrage resultat = demarrerAvec(boites, base);
+        Recordset &rs = cas.table == u"Banque"    ? base.RsBanque
+                        : cas.table == u"Commune" ? base.RsCommune
+                                                  : base.RsWilaya;
         QVERIFY(!base.Cnx.enTransaction());
-        if (issue != u"absent" && issue != u"incorrecte") {
+        if (boites.isEmpty()) {
             QCOMPARE(resultat, Demarrage::Complet);
-            QCOMPARE(rs.nombre(), issue.section(u' ', 0, 0).toInt());
-            if (!rs.vide())
-                QCOMPARE(rs.ligne(0).texte(u"Libelle"), issue.section(u' ', 1));
+            const QString premier = rs.vide() ? QString() : u' ' + rs.ligne(0).texte(u"Libelle");
+            QCOMPARE(QString(QString::number(rs.nombre()) + premier), cas.issue);
             return;
         }
         QCOMPARE(resultat, Demarrage::Interrompu);
         QVERIFY(rs.vide());
-        QCOMPARE(nombre(base.Cnx, table), 0);
-        QCOMPARE(base.RsWilaya.estOuvert(), table == u"Wilaya"); // the later steps were not reached
+        QCOMPARE(nombre(base.Cnx, cas.table), 0);
+        QCOMPARE(base.RsWilaya.estOuvert(), cas.table == u"Wilaya"); // the later steps were not reached
         // The next start tries again.
         ecrireFichier(chemin, "1234567890123Libelle\r\nEnd\r\n");
         Base suivante;
-        DialogueScenario muet;
-        QCOMPARE(demarrerAvec(muet, suivante), Demarrage::Complet);
-        QCOMPARE(nombre(suivante.Cnx, table), 1);
+        QCOMPARE(demarrerAvec({}, suivante), Demarrage::Complet);
+        QCOMPARE(nombre(suivante.Cnx, cas.table), 1);
     }
 
     void basesInutilisables_data()
     {
-        QTest::addColumn<QString>("faute");
-        QTest::addColumn<QString>("texte");
-        QTest::newRow("vide") << u"vide"_s << u"file is not a database"_s;
-        QTest::newRow("un octet") << u"un octet"_s << u"file is not a database"_s;
-        QTest::newRow("bruit") << u"bruit"_s << u"file is not a database"_s;
-        QTest::newRow("autre format") << u"autre format"_s << u"file is not a database"_s;
-        QTest::newRow("tête seule") << u"tête seule"_s << u"database disk image is malformed"_s;
-        QTest::newRow("tronquée") << u"tronquée"_s << u"database disk image is malformed"_s;
-        QTest::newRow("page abîmée") << u"page abîmée"_s << u"endommagé"_s;
-        QTest::newRow("lecture seule") << u"lecture seule"_s << u"Permission denied"_s;
-        QTest::newRow("dossier en lecture seule") << u"dossier en lecture seule"_s << u"Permission denied"_s;
-        QTest::newRow("dossier à sa place") << u"dossier"_s << u"Is a directory"_s;
+        const QString autre = u"file is not a database"_s;
+        const QString malForme = u"database disk image is malformed"_s;
+        lignesDuTest<CasBase>({
+            {"vide", [](QByteArray &octets) { octets.clear(); }, autre},
+            {"un octet", [](QByteArray &octets) { octets.truncate(1); }, autre},
+            {"bruit", [](QByteArray &octets) { octets = QByteArray("\x93\x07\xFE\x41").repeated(4096); },
+             autre},
+            {"autre format",
+             [](QByteArray &octets) { octets.replace(0, 20, QByteArray("\0\1\0\0Standard Jet DB\0", 20)); },
+             autre},
+            {"tête seule", [](QByteArray &octets) { octets.truncate(60); }, malForme},
+            {"tronquée", [](QByteArray &octets) { octets.truncate(octets.size() / 2); }, malForme},
+            {"page abîmée",
+             [](QByteArray &octets) { octets.replace(octets.size() / 2, 6000, QByteArray(6000, 'Z')); },
+             u"endommagé"_s},
+            {"lecture seule", {}, u"Permission denied"_s},
+            {"dossier en lecture seule", {}, u"Permission denied"_s},
+            {"dossier à sa place", {}, u"Is a directory"_s},
+        });
     }
 
     void basesInutilisables()
     {
-        QFETCH(QString, faute);
-        QFETCH(QString, texte);
+        QFETCH(CasBase, cas);
         Foyer foyer;
         poserAncienneBase(17, 2000);
-        QByteArray octets = lireFichier(cheminBase());
-        if (faute == u"vide")
-            octets.clear();
-        else if (faute == u"un octet")
-            octets.truncate(1);
-        else if (faute == u"bruit")
-            octets = QByteArray("\x93\x07\xFE\x41").repeated(4096);
-        else if (faute == u"autre format")
-            octets = QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(8192, '\0');
-        else if (faute == u"tête seule")
-            octets.truncate(60);
-        else if (faute == u"tronquée")
-            octets.truncate(octets.size() / 2);
-        else if (faute == u"page abîmée")
-            octets.replace(octets.size() / 2, 6000, QByteArray(6000, '\x5A'));
         const QString base = cheminBase();
         const QString dossier = QFileInfo(base).absolutePath();
-        if (faute == u"dossier") {
+        const QByteArray nom = cas.nom;
+        if (cas.abimer) {
+            QByteArray octets = lireFichier(base);
+            cas.abimer(octets);
+            ecrireFichier(base, octets);
+        } else if (nom == "dossier à sa place") {
             QVERIFY(QFile::remove(base) && QDir().mkpath(base));
         } else {
-            ecrireFichier(base, octets);
+            QVERIFY(QFile::setPermissions(nom == "lecture seule" ? base : dossier,
+                                          QFile::ReadOwner | QFile::ExeOwner));
         }
-        const auto ouvrirEnEcriture = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-        const auto lectureSeule = QFile::ReadOwner | QFile::ExeOwner;
-        if (faute == u"lecture seule")
-            QVERIFY(QFile::setPermissions(base, lectureSeule));
-        if (faute == u"dossier en lecture seule")
-            QVERIFY(QFile::setPermissions(dossier, lectureSeule));
         const auto avant = contenu(foyer.chemin());
-
-        DialogueScenario dialogue;
         QString fatale;
-        {
+        try {
             Base essai;
-            try {
-                demarrer(essai, dialogue);
-            } catch (const ErreurFatale &erreur) {
-                fatale = erreur.texte();
-            }
+            demarrerAvec({}, essai);
+        } catch (const ErreurFatale &erreur) {
+            fatale = erreur.texte();
         }
         const auto apres = contenu(foyer.chemin());
-        QFile::setPermissions(dossier, ouvrirEnEcriture);
-        QVERIFY2(fatale.contains(QDir::toNativeSeparators(base)), qPrintable(fatale));
-        QVERIFY2(fatale.contains(texte), qPrintable(fatale));
+        QFile::setPermissions(dossier, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QVERIFY2(fatale.contains(QDir::toNativeSeparators(base)) && fatale.contains(cas.texte),
+                 qPrintable(fatale));
         QCOMPARE(apres.keys(), avant.keys());
         QVERIFY(apres == avant);
     }
@@ -500,44 +441,21 @@ private slots:
         QFETCH(bool, ancienne);
         constexpr int coups = 16;
         constexpr int salaries = 5000;
-        const auto preparer = [ancienne] {
+        qint64 duree = 0;
+        QSet<QString> etats;
+        for (int coup = -1; coup < coups; ++coup) {
+            Foyer foyer;
             if (ancienne)
                 poserAncienneBase(17, salaries);
-        };
-        // Runs the starts in a process of their own and kills it. @return how long it lived, in microseconds
-        const auto tuer = [](qint64 microsecondes) {
-            QProcess enfant;
-            enfant.start(QCoreApplication::applicationFilePath(), {u"--enfant"_s});
-            if (!enfant.waitForReadyRead()) // it is about to start
-                qFatal("no child");
-            QElapsedTimer temps;
-            temps.start();
-            enfant.readAll();
-            if (microsecondes < 0) {
-                enfant.waitForReadyRead(); // it is through
-            } else {
-                QThread::usleep(static_cast<unsigned long>(microsecondes));
+            if (coup < 0) {
+                duree = enfant::faire({}).microsecondes;
+                continue;
             }
-            const qint64 duree = temps.nsecsElapsed() / 1000;
-            enfant.kill();
-            enfant.waitForFinished();
-            return duree;
-        };
-        qint64 duree = 0;
-        {
-            Foyer foyer;
-            preparer();
-            duree = tuer(-1);
-        }
-        QSet<QString> etats;
-        for (int coup = 0; coup < coups; ++coup) {
-            Foyer foyer;
-            preparer();
-            tuer(duree * coup / coups);
+            enfant::faire({}, duree * coup / coups);
             etats += QStringList(contenu(foyer.chemin()).keys())
                          .replaceInStrings(foyer.chemin(), QString())
                          .join(u' ');
-            tuer(duree * (coups - coup) / coups / 3);
+            enfant::faire({}, duree * (coups - coup) / coups / 3);
 
             const int demarrages = demarrerJusquAuBout();
             QVERIFY(demarrages > 0);
@@ -553,9 +471,9 @@ private slots:
             QCOMPARE(nombre(base.Cnx, u"Banque"_s), ancienne ? 1 : 24);
             QCOMPARE(nombre(base.Cnx, u"salarie"_s), ancienne ? salaries : 0);
             if (!ancienne) {
-                for (const QString &nom :
-                     {u"Banques.txt"_s, u"Communes.txt"_s, u"Wilayas.txt"_s, u"Country.txt"_s})
-                    QCOMPARE(lireFichier(dossierDas() + u"/"_s + nom), lireFichier(u":/reference/"_s + nom));
+                for (const QString &nom : {u"Banques"_s, u"Communes"_s, u"Wilayas"_s, u"Country"_s})
+                    QCOMPARE(lireFichier(dossierDas() + u"/%1.txt"_s.arg(nom)),
+                             lireFichier(u":/reference/%1.txt"_s.arg(nom)));
             }
         }
         qInfo("one run %.0f ms; %d different states found after the kills", static_cast<double>(duree) / 1000,
@@ -563,15 +481,13 @@ private slots:
     }
 };
 
+/// A child starts until nothing is missing, and gives the count of its starts.
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    if (application.arguments().contains(u"--enfant"_s)) {
-        std::puts("start");
-        std::fflush(stdout);
-        std::printf("end after %d\n", demarrerJusquAuBout());
-        std::fflush(stdout);
-        return application.exec(); // until it is killed
+    if (enfant::mots(argc, argv)) {
+        enfant::commencer();
+        return demarrerJusquAuBout();
     }
     TestDemarrage test;
     return QTest::qExec(&test, argc, argv);
