@@ -13,9 +13,6 @@ namespace {
 /// As many statements as the program has, so in practice none is ever prepared twice.
 constexpr std::size_t requetesGardees = 256;
 
-/// How long a statement waits for another program's lock, in milliseconds.
-constexpr int attente = 5000;
-
 } // namespace
 
 Requete::Requete(Connexion &cnx, QString sql, std::unique_ptr<Preparee> preparee)
@@ -55,7 +52,7 @@ void Connexion::ouvrir(const QString &chemin)
     m_chemin = chemin;
     m_base = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_nomQt);
     m_base.setDatabaseName(chemin);
-    m_base.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(attente));
+    m_base.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(m_attente));
     if (!m_base.open()) {
         const ErreurSql erreur = erreurSql(m_base.lastError(), chemin, {}, {});
         fermer();

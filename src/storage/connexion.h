@@ -54,6 +54,8 @@ public:
     explicit Connexion(QObject *parent = nullptr);
     ~Connexion() override;
 
+    /// How long a statement waits for another program's lock, in milliseconds, from the next opening on.
+    void setAttente(int millisecondes) { m_attente = millisecondes; }
     /// Opens the file, or makes it. The checks before that are Base::OuvrirBase's.
     void ouvrir(const QString &chemin);
     void fermer();
@@ -105,6 +107,7 @@ private:
                                               const QStringList &colonnes);
     void exigerOuverte() const;
 
+    int m_attente = 5000;
     QString m_chemin;
     QString m_nomQt;
     QSqlDatabase m_base;

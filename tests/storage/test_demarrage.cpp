@@ -421,6 +421,7 @@ private slots:
         autre.ouvrir(cheminBase());
         autre.executer(u"BEGIN EXCLUSIVE"_s);
         Base base;
+        base.Cnx.setAttente(20);
         const QString texte = echecDe([&] { base.OuvrirBase(cheminBase()); });
         QVERIFY2(texte.contains(cheminBase()) && texte.contains(u"database is locked"), qPrintable(texte));
         QCOMPARE(lireFichier(cheminBase()), avant);
