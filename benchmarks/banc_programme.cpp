@@ -81,6 +81,22 @@ void ouvrirSalaries(benchmark::State &etat, Base &base)
     etat.counters["lignes"] = base.RsSalarie.nombre();
 }
 
+void trierSalaries(benchmark::State &etat, Base &base)
+{
+    base.RsSalarie.ouvrir();
+    for (auto _ : etat)
+        base.RsSalarie.trier(u"nom"_s);
+}
+
+/// A search by name, then the whole table again.
+void chercherSalaries(benchmark::State &etat, Base &base)
+{
+    for (auto _ : etat) {
+        base.RsSalarie.filtrer(commencePar(u"nom"_s, u"nom 99"));
+        base.RsSalarie.filtrer({});
+    }
+}
+
 int enfant(int argc, char **argv)
 {
     return lancerProgramme(argc, argv, [](Base &) {
@@ -124,9 +140,13 @@ int main(int argc, char **argv)
                                  [&](benchmark::State &etat) { demarrage(etat, grand); })
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("ouvrir_RsSalarie_200000", [&](benchmark::State &etat) {
-        ouvrirSalaries(etat, base);
-    })->Unit(benchmark::kMillisecond);
+    for (const auto &[nom, mesurer] : {std::pair("ouvrir_RsSalarie_200000", &ouvrirSalaries),
+                                       {"trier_RsSalarie_200000", &trierSalaries},
+                                       {"chercher_RsSalarie_200000", &chercherSalaries}}) {
+        benchmark::RegisterBenchmark(nom, [&base, mesurer = mesurer](benchmark::State &etat) {
+            mesurer(etat, base);
+        })->Unit(benchmark::kMillisecond);
+    }
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
