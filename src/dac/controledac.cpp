@@ -1,5 +1,7 @@
 #include "dac/controledac.h"
 
+#include "dac/genredac.h"
+#include "declarations/declaration.h"
 #include "rules/date.h"
 #include "rules/dialogue.h"
 #include "rules/fonds.h"
@@ -7,7 +9,7 @@
 #include "rules/nombre.h"
 #include "rules/saisie.h"
 #include "rules/texte.h"
-#include "storage/connexion.h"
+#include "storage/base.h"
 
 #include <algorithm>
 #include <vector>
@@ -48,13 +50,11 @@ enum Colonne {
     IdNat
 };
 
-const QString lignes =
-    u"SELECT l.NumSalarie, date_naiss, etranger, NumActeNaiss, nom, prenom, PrenomPere, NomMere, PrenomMere, "
-    "profes, adresse, EXISTS (SELECT 1 FROM Commune WHERE Code = CommuneNaiss), Type_ES, NIN, num_cpt_ccp, "
-    "num_cpt_banc, IdNat "
-    "FROM Ligne_Dac AS l INNER JOIN salarie AS s ON s.num_salarie = l.NumSalarie AND s.cpt_z = l.cpt_z "
-    "WHERE l.rowid IN (SELECT rowid FROM Ligne_Dac WHERE NumEmployeur = ? AND Periode = ? AND Type_dac = ?) "
-    "ORDER BY l.rowid"_s;
+const QString colonnes =
+    u"l.NumSalarie, date_naiss, etranger, NumActeNaiss, nom, prenom, PrenomPere, NomMere, PrenomMere, "
+    u"profes, "
+    "adresse, EXISTS (SELECT 1 FROM Commune WHERE Code = CommuneNaiss), Type_ES, NIN, num_cpt_ccp, "
+    "num_cpt_banc, IdNat"_s;
 
 const QString nonValide = u"   est non valide, veuillez rectifier SVP !"_s;
 
@@ -302,9 +302,11 @@ private:
 
 } // namespace
 
-bool CtrlDacNominative(Connexion &cnx, const QString &NumEmployeur, const QString &Periode, qint64 Type_dac,
+bool CtrlDacNominative(Base &base, const QString &NumEmployeur, const QString &Periode, qint64 Type_dac,
                        Dialogue &dialogue)
 {
-    Requete rangees = cnx.lire(lignes, {NumEmployeur, Periode, Type_dac});
+    const Condition lignes{u"NumEmployeur = ? AND Periode = ? AND Type_dac = ?"_s,
+                           {NumEmployeur, Periode, Type_dac}};
+    Requete rangees = lireAvecSalaries(base, genreDac(), lignes, colonnes);
     return Passe(dialogue).derouler(rangees);
 }

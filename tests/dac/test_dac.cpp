@@ -142,9 +142,9 @@ private slots:
             else
                 dialogue.attendreInformation(textes.last());
         }
-        QCOMPARE(
-            CtrlDacNominative(cnx, BaseDac::employeur.toString(), BaseDac::periode.toString(), 1, dialogue),
-            passe);
+        QCOMPARE(CtrlDacNominative(essai.base, BaseDac::employeur.toString(), BaseDac::periode.toString(), 1,
+                                   dialogue),
+                 passe);
         QVERIFY(dialogue.acheve());
     }
 };

@@ -1,0 +1,6 @@
+#pragma once
+
+struct FichierDeclaration;
+
+/// The file of the nominative declaration.
+const FichierDeclaration &fichierDac();
