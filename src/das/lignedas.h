@@ -1,6 +1,7 @@
 #pragma once
 
 #include "declarations/salarieligne.h"
+#include "rules/date.h"
 
 #include <functional>
 
@@ -16,9 +17,6 @@ struct Duree
     friend bool operator==(const Duree &, const Duree &) = default;
 };
 
-/// The date field with nothing in it; a line entered without a date keeps it as its date.
-inline constexpr QStringView DateBlanche = u"__/__/____";
-
 /// The fields of a line as its two screens hold them; the employee is the add screen's alone.
 struct FicheLigneDas : NumeroSaisi
 {
@@ -26,6 +24,7 @@ struct FicheLigneDas : NumeroSaisi
     Duree nbj_travailctrl;
     bool EOption = false;
     bool SOption = false;
+    /// A line entered without a date keeps the blank field as its date.
     QString mskdate = DateBlanche.toString();
 
     friend bool operator==(const FicheLigneDas &, const FicheLigneDas &) = default;

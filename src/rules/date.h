@@ -17,5 +17,8 @@ QDate lireDate(QStringView texte);
 /// dd/mm/yyyy
 QString texteDate(QDate date);
 
+/// A date field with nothing in it.
+inline constexpr QStringView DateBlanche = u"__/__/____";
+
 /// Today by the system's clock; every part of the program asks here.
 QDate aujourdhui();
