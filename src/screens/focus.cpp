@@ -8,13 +8,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -107,21 +108,22 @@ bool passerAuSuivant(const QKeyEvent &touche, const QList<QWidget *> &champs, QA
 {
     if (touche.key() != Qt::Key_Return && touche.key() != Qt::Key_Enter)
         return false;
-    const QWidget *ici = QApplication::focusWidget();
-    for (qsizetype i = 0; i < champs.size(); ++i) {
-        if (champs[i] != ici && !champs[i]->isAncestorOf(ici))
-            continue;
-        if (i + 1 < champs.size()) {
-            champs[i + 1]->setFocus(Qt::TabFocusReason);
-        } else {
-            // The focus leaves the last field first, so that what leaving it tells comes before the save.
-            bouton.setFocus(Qt::TabFocusReason);
-            if (bouton.hasFocus())
-                bouton.click();
-        }
-        return true;
+    const auto ici = std::find_if(champs.begin(), champs.end(), [](const QWidget *champ) {
+        return contient(*champ, QApplication::focusWidget());
+    });
+    if (ici == champs.end())
+        return false;
+    const auto suivant =
+        std::find_if(ici + 1, champs.end(), [](const QWidget *champ) { return champ->isEnabled(); });
+    if (suivant != champs.end()) {
+        (*suivant)->setFocus(Qt::TabFocusReason);
+    } else {
+        // The focus leaves the last field first, so that what leaving it tells comes before the press.
+        bouton.setFocus(Qt::TabFocusReason);
+        if (bouton.hasFocus())
+            bouton.click();
     }
-    return false;
+    return true;
 }
 
 void fermerPar(QAbstractButton &bouton, QWidget &feuille)

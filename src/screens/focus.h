@@ -18,7 +18,7 @@ void reprendreSaisie(QWidget &feuille, const Refus &refus);
 /// Lets Enter press the button that has the focus, as in a dialog.
 void boutonsParEntree(QWidget &feuille);
 
-/// Lets an Enter go from field to field, and press the button behind the last one.
+/// Lets Enter go from field to field, past those that are off, and press the button behind the last one.
 /// @return whether the key was an Enter in one of the fields
 bool passerAuSuivant(const QKeyEvent &touche, const QList<QWidget *> &champs, QAbstractButton &bouton);
 
