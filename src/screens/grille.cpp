@@ -59,17 +59,17 @@ void Grille::lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRec
     m_liste = &liste;
     m_colonnes = colonnes;
     m_feuille = feuilleDe(this)->objectName();
+    m_modele.setListe(liste);
     for (const ColonneGrille &colonne : m_colonnes) {
         if (liste.sectionDe(colonne.nom) < 0)
             throw ErreurBase(u"La colonne « %1 » n'existe pas."_s.arg(colonne.nom));
-        m_modele.titrer(colonne.nom, colonne.titre);
+        m_modele.titrer(colonne.nom, colonne.titre, colonne.compte);
         const int largeur = reglages().value(cleLargeur(colonne.nom)).toInt();
         if (largeur >= horizontalHeader()->minimumSectionSize()) {
             m_largeurs.insert(colonne.nom, largeur);
             m_duCommis.insert(colonne.nom);
         }
     }
-    m_modele.setListe(liste);
     setModel(&m_modele);
     mettreEnPlace();
     mesurer();
@@ -81,6 +81,15 @@ void Grille::lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRec
     connect(&liste, &QAbstractItemModel::dataChanged, this, remesurer);
     dernierRecours.connecter(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grille::trierPar);
     connect(this, &QAbstractItemView::doubleClicked, this, &Grille::modificationDemandee);
+}
+
+void Grille::marquer(std::function<bool(int ligne)> estMarquee)
+{
+    m_modele.marquer(std::move(estMarquee), m_colonnes.first().nom,
+                     style()
+                         ->standardPixmap(QStyle::SP_DialogApplyButton)
+                         .scaledToHeight(fontMetrics().ascent(), Qt::SmoothTransformation),
+                     palette().brush(QPalette::Disabled, QPalette::Text));
 }
 
 /// A recordset that closes takes its columns along; they come back as they were when it opens again.

@@ -7,6 +7,8 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <functional>
+
 class DernierRecours;
 class Liste;
 
@@ -15,6 +17,8 @@ struct ColonneGrille
 {
     QString nom;
     QString titre;
+    /// Whether it holds a count, though its column is one of amounts.
+    bool compte = false;
 };
 
 /// The grid on a list. Its selection and the list's current row are one, both ways, also through a requery. A
@@ -31,6 +35,9 @@ public:
     /// Shows these columns of the list, in this order and no others. The list must be open, and may
     /// be closed and opened again later. To be called once the grid stands in its screen.
     void lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRecours &dernierRecours);
+
+    /// Ticks and greys the rows for which it is true; asked anew at each painting.
+    void marquer(std::function<bool(int ligne)> estMarquee);
 
     void reset() override;
     void keyboardSearch(const QString &) override {}

@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QBrush>
 #include <QHash>
 #include <QIdentityProxyModel>
+#include <QPixmap>
+#include <QSet>
+
+#include <functional>
 
 class Liste;
 
@@ -16,13 +21,24 @@ public:
     using QIdentityProxyModel::QIdentityProxyModel;
 
     void setListe(Liste &liste);
-    /// The title of a column; its name otherwise.
-    void titrer(const QString &colonne, const QString &titre);
+    /// The title of a column; its name otherwise. @param compte whether it holds a count whatever its kind
+    void titrer(const QString &colonne, const QString &titre, bool compte = false);
+    /// Greys the rows for which it is true, with a tick in that column.
+    void marquer(std::function<bool(int ligne)> estMarquee, const QString &colonne, const QPixmap &coche,
+                 const QBrush &gris);
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
+    bool estMarquee(int ligne) const;
+
     Liste *m_liste = nullptr;
     QHash<QString, QString> m_titres;
+    QSet<int> m_comptes;
+    std::function<bool(int ligne)> m_estMarquee;
+    int m_colonneMarquee = -1;
+    QPixmap m_coche;
+    QPixmap m_sansCoche; ///< as wide, so that texts stand under each other
+    QBrush m_gris;
 };
