@@ -1,8 +1,12 @@
 #include "storage/base.h"
 
+#include "storage/erreursql.h"
+
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #include <system_error>
 
@@ -73,6 +77,36 @@ void examinerPages(Connexion &cnx)
     }
 }
 
+void ouvrir(Connexion &cnx, const QString &chemin)
+{
+    cnx.ouvrir(chemin);
+    // Nothing below writes into the file before all looks are done.
+    cnx.existe(u"SELECT 1 FROM sqlite_master"_s);
+    if (QFileInfo(chemin).size() <= tailleVerifiee)
+        examinerPages(cnx);
+    Transaction(cnx).annuler();
+
+    cnx.existe(u"PRAGMA journal_mode = WAL"_s);
+    cnx.existe(u"PRAGMA synchronous = FULL"_s);
+    cnx.existe(u"PRAGMA foreign_keys = OFF"_s);
+}
+
+/// The engine does not wait for a program that is just closing the file, or making its log the first time.
+void ouvrirEnAttendant(Connexion &cnx, const QString &chemin)
+{
+    QElapsedTimer attente;
+    attente.start();
+    while (true) {
+        try {
+            return ouvrir(cnx, chemin);
+        } catch (const ErreurSql &erreur) {
+            if (!erreur.occupee() || attente.elapsed() >= cnx.attente())
+                throw;
+        }
+        QThread::msleep(10);
+    }
+}
+
 } // namespace
 
 Base::Base()
@@ -102,16 +136,7 @@ void Base::OuvrirBase(const QString &chemin)
 {
     examinerFichier(chemin);
     try {
-        Cnx.ouvrir(chemin);
-        // Nothing below writes into the file before all looks are done.
-        Cnx.existe(u"SELECT 1 FROM sqlite_master"_s);
-        if (QFileInfo(chemin).size() <= tailleVerifiee)
-            examinerPages(Cnx);
-        Transaction(Cnx).annuler();
-
-        Cnx.existe(u"PRAGMA journal_mode = WAL"_s);
-        Cnx.existe(u"PRAGMA synchronous = FULL"_s);
-        Cnx.existe(u"PRAGMA foreign_keys = OFF"_s);
+        ouvrirEnAttendant(Cnx, chemin);
     } catch (const ErreurFatale &) {
         Cnx.fermer();
         throw;

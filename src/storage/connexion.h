@@ -56,6 +56,7 @@ public:
 
     /// How long a statement waits for another program's lock, in milliseconds, from the next opening on.
     void setAttente(int millisecondes) { m_attente = millisecondes; }
+    int attente() const { return m_attente; }
     /// Opens the file, or makes it. The checks before that are Base::OuvrirBase's.
     void ouvrir(const QString &chemin);
     void fermer();
