@@ -14,20 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Titles: "DAS INFO" boxes, those of the application, and those with an icon.
-struct BoiteAttendue
-{
-    enum Genre { Info, Application, Information, Avertissement } genre;
-    QString texte;
-};
-
-} // namespace
-
-Q_DECLARE_METATYPE(BoiteAttendue)
-Q_DECLARE_METATYPE(Verdict)
-
-namespace {
-
 const QString anomalie =
     u"Votre fichier présente des anomalies, veuillez vérifier les paramêtres régionaux de votre ordinateur SVP  (mettez le '.' au lieu de la ','   comme sépateur décimal) !"_s;
 const QString retournee =
@@ -36,13 +22,6 @@ const QString tauxSS =
     u"Votre DAS sera retourné par la KORVANDEL, un taux de %1  % de salariés uniquement possèdent un numéro SS valide"_s;
 const QString marque = u"DAS KORVANDEL VER 3.0"_s;
 const QString nomBon = u"12345678_DAS_2024.txt"_s;
-
-QString resume(int rejets, int sansIncidence)
-{
-    return u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : %1\n  - Sans Incidence : %2"_s
-        .arg(rejets)
-        .arg(sansIncidence);
-}
 
 /// A line without a fault, a national who entered long before the campaign of 2024.
 const QString bonneLigne =
@@ -67,31 +46,31 @@ QStringList lignesDe(int nombre, const QString &changements = {})
     return QStringList(nombre, joindreChamps(ligneAvec(changements)));
 }
 
-void attendre(DialogueScenario &dialogue, const QList<BoiteAttendue> &boites)
+/// A plain box, under the application's title where it has none of its own.
+Attente boite(const QString &texte, const QString &titre = TitreApplication.toString())
 {
-    for (const BoiteAttendue &boite : boites) {
-        switch (boite.genre) {
-        case BoiteAttendue::Info:
-            dialogue.attendreBoite(boite.texte, u"DAS INFO"_s);
-            break;
-        case BoiteAttendue::Application:
-            dialogue.attendreBoite(boite.texte);
-            break;
-        case BoiteAttendue::Information:
-            dialogue.attendreInformation(boite.texte);
-            break;
-        case BoiteAttendue::Avertissement:
-            dialogue.attendreAvertissement(boite.texte);
-            break;
-        }
-    }
+    Attente attente;
+    attente.boite = {titre, texte};
+    return attente;
 }
 
-Verdict extraire(Validateur &validateur, const QStringList &lignes, const QList<BoiteAttendue> &boites,
+Attente info(const QString &texte) { return boite(texte, u"DAS INFO"_s); }
+
+Attente resume(qsizetype rejets, qsizetype sansIncidence)
+{
+    return boite(u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : %1\n  - Sans Incidence : %2"_s
+                     .arg(rejets)
+                     .arg(sansIncidence));
+}
+
+const Attente echec = boite(anomalie);
+const Attente retour = boites::avertissement(retournee);
+
+Verdict extraire(Validateur &validateur, const QStringList &lignes, const Attentes &boites,
                  const QString &nom = nomBon)
 {
     DialogueScenario dialogue;
-    attendre(dialogue, boites);
+    dialogue.attendre(boites);
     QBuffer source;
     source.setData(encoder(lignes.join(u"\r\n"_s)));
     return validateur.extraire(source, nom, dialogue);
@@ -151,10 +130,9 @@ private slots:
         };
         const QStringList rejets = deClasse("^[Rr] "), sansIncidence = deClasse("^H ");
         const bool dur = !deClasse("^R ").isEmpty();
-        QList<BoiteAttendue> boites{
-            {BoiteAttendue::Application, resume(rejets.size(), sansIncidence.size())}};
+        Attentes boites{resume(rejets.size(), sansIncidence.size())};
         if (dur)
-            boites.append({BoiteAttendue::Avertissement, retournee});
+            boites += retour;
 
         ValidateurDas validateur;
         const QStringList lignes =
@@ -181,243 +159,181 @@ private slots:
     }
 
     // A line that takes the failure path: what it listed before stays, it is not counted.
-    void ligneEnEchec_data()
-    {
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<int>("rejets");
-        QTest::newRow("trente champs") << u"court"_s << 0;
-        QTest::newRow("ligne vide") << u"vide"_s << 0;
-        QTest::newRow("point dans le numero") << u"1=80.234000168"_s << 0;
-        QTest::newRow("lettre dans les centimes") << u"17=12.a"_s << 1;
-        QTest::newRow("lettre au second") << u"17=12.1a|3=1"_s << 2;
-        QTest::newRow("date vide, type bon") << u"20="_s << 1;
-        QTest::newRow("date impossible, type bon") << u"20=31/06/2024"_s << 1;
-        QTest::newRow("salaire sans fin") << QString(u"17="_s + QString(400, u'9')) << 0;
-    }
-
     void ligneEnEchec()
     {
-        QFETCH(QString, change);
-        QFETCH(int, rejets);
-        QString ligne = change.contains(u'=') ? joindreChamps(ligneAvec(change)) : u""_s;
-        if (change == u"court")
-            ligne = bonneLigne.chopped(1);
-        const QStringList lignes =
-            QStringList{marque, u"12345678;2024;0;0;1;"_s} + lignesDe(2) + QStringList{ligne, u""_s};
-        const QList<BoiteAttendue> boites{
-            {BoiteAttendue::Info, u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s},
-            {BoiteAttendue::Application, anomalie}};
-        ValidateurDas validateur;
-        QCOMPARE(extraire(validateur, lignes, boites), Verdict::Interrompue);
-        QCOMPARE(validateur.nbLignes, 2);
-        QCOMPARE(validateur.totalSalaires.valeur(), 2001.0);
-        QCOMPARE(validateur.rejets.taille(), rejets);
-        QCOMPARE(libelle(validateur, u"LabDAS"_s), boites[0].texte);
-        QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
-        QVERIFY(!validateur.ongletsPermis());
-    }
-
-    void entete_data()
-    {
-        QTest::addColumn<QString>("nom");
-        QTest::addColumn<QStringList>("lignes");
-        QTest::addColumn<QList<BoiteAttendue>>("boites");
-        QTest::addColumn<QString>("LabDAS");
-        using enum BoiteAttendue::Genre;
-        const QString mauvaise =
-            u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!"_s;
-        const QString employeur =
-            u"Erreur N° Employeur Deuxième Ligne différent du Nom du Fichier \nVeuillez corriger SVP !!!"_s;
-        const QString annee =
-            u"Erreur Année Deuxième Ligne différente du Nom du Fichier \nVeuillez corriger SVP !!!"_s;
-        const QString labEmployeur = u"N° Employeur Deuxième Ligne différent du Nom du Fichier!!!"_s;
-        const QString labAnnee = u"Année Deuxième Ligne différente du Nom du Fichier!!!"_s;
-        const QString bon = u"12345678;2024;1;10;1;"_s;
-        const QList<BoiteAttendue> echec{{Application, anomalie}};
-        const QList<BoiteAttendue> zero{{Application, resume(0, 0)}, {Application, anomalie}};
-        const QString zeros = u"Nbre Erreurs De Rejet : 0 ,  Sans Incidence : 0\n"_s;
-        const auto cas = [](const char *n, const QString &nom, const QStringList &lignes,
-                            const QList<BoiteAttendue> &boites,
-                            const QString &lab = {}) { QTest::newRow(n) << nom << lignes << boites << lab; };
-
-        cas("aucun fichier", u""_s, {marque}, {{Info, u"Aucun fichier n'a été sélectionné !!!"_s}});
-        const QList<BoiteAttendue> extension{
-            {Info, u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s}};
-        cas("autre extension", u"12345678_DAS_2024.text"_s, {u""_s}, extension);
-        cas("extension sans point", u"12345678_DAS_2024txt"_s, {marque}, extension);
-        cas("vide", nomBon, {u""_s}, {{Info, u"FICHIER VIDE !!!!!!!!!!!"_s}});
-        cas("incomplet", nomBon, {marque}, {{Info, u"FICHIER INCOMPLET !!!!!!!!!!!"_s}});
-        cas("incomplet avec fin", nomBon, {marque, u""_s}, {{Info, u"FICHIER INCOMPLET !!!!!!!!!!!"_s}});
-        cas("autre version", nomBon, {u"DAS KORVANDEL VER 2.0"_s, bon},
-            {{Info, mauvaise}, {Application, anomalie}});
-        cas("blanc double", nomBon, {u"DAS  KORVANDEL VER 3.0"_s},
-            {{Info, mauvaise}, {Application, anomalie}});
-        cas("insecable devant", nomBon, {u"\u00A0"_s + marque, bon},
-            {{Info, mauvaise}, {Application, anomalie}});
-        cas("marque en minuscules", nomBon, {u"  das korvandel\t ver 3.0\t"_s, bon}, zero, zeros);
-        cas("quatre champs", nomBon, {marque, u"12345678;2024;1;10;1"_s}, echec);
-        cas("suite ignoree", nomBon, {marque, bon + u"x;y"_s}, zero, zeros);
-        cas("blancs", nomBon, {marque, u" 12345678 ; 2024 ; 1 0 ; 1 000,5 ; 1 ;"_s}, zero, zeros);
-
-        cas("nom en minuscules", u"12345678_das_2024_copie.TxT"_s, {marque, bon}, zero, zeros);
-        cas("autre employeur", u"12345679_DAS_2024.txt"_s, {marque, bon}, {{Application, employeur}},
-            labEmployeur);
-        cas("autre annee", u"12345678_DAS_2023.txt"_s, {marque, bon}, {{Application, annee}}, labAnnee);
-        cas("ni l'un ni l'autre", u"a.txt"_s, {marque, bon}, {{Application, employeur}, {Application, annee}},
-            labEmployeur + u'\n' + labAnnee);
-        cas("nom court, annee vide", u"12345678.txt"_s, {marque, u"12345678;;0;10;1;"_s}, echec);
-        cas("annee en lettres", u"12345678_DAS_ABCD.txt"_s, {marque, u"12345678;ABCD;0;10;1;"_s}, echec);
-
-        const QString numero = u"Numéro DAS Non Numérique ou Négatif!!!"_s;
-        const QString total = u"Montant Total des Salaires Non Numérique ou Négatif"_s;
-        const QString effectif = u"Nombre Total des Salariés Non Numérique ou Négatif"_s;
-        const auto enTete = [&](const char *n, const QString &ligne, const QString &texte) {
-            cas(n, nomBon, {marque, ligne},
-                {{Info, texte}, {Application, resume(0, 0)}, {Application, anomalie}}, texte + u'\n' + zeros);
+        const auto echouer = [](const QString &ligne, int rejets) {
+            const QString faute = u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s;
+            ValidateurDas validateur;
+            QCOMPARE(extraire(validateur,
+                              QStringList{marque, u"12345678;2024;0;0;1;"_s} + lignesDe(2) +
+                                  QStringList{ligne, u""_s},
+                              {info(faute), echec}),
+                     Verdict::Interrompue);
+            QCOMPARE(validateur.nbLignes, 2);
+            QCOMPARE(validateur.totalSalaires.valeur(), 2001.0);
+            QVERIFY2(validateur.rejets.taille() == rejets, qPrintable(ligne));
+            QCOMPARE(libelle(validateur, u"LabDAS"_s), faute);
+            QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
+            QVERIFY(!validateur.ongletsPermis());
         };
-        enTete("numero 0", u"12345678;2024; 0;10;1;"_s,
-               u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s);
-        enTete("numero a lettre", u"12345678;2024;1a;10;1;"_s, numero);
-        enTete("total negatif", u"12345678;2024;1;-10;1;"_s, total + u"!!!"_s);
-        enTete("effectif negatif", u"12345678;2024;1;1.5,3;-1;"_s, effectif + u"!!!"_s);
-        enTete("tout", u"12345678;2024;-1;a;1.0;"_s,
-               numero + u'\n' + total + u" !!!\n"_s + effectif + u" !!!"_s);
-        cas("numero 00 et champs vides", nomBon, {marque, u"12345678;2024;00;;;"_s}, zero, zeros);
+        echouer(bonneLigne.chopped(1), 0); // thirty fields
+        echouer(u""_s, 0);
+        for (const auto &[change, rejets] : {std::pair(u"1=80.234000168"_s, 0),
+                                             {u"17=12.a"_s, 1},
+                                             {u"17=12.1a|3=1"_s, 2},
+                                             {u"20="_s, 1},
+                                             {u"20=31/06/2024"_s, 1},
+                                             {QString(u"17="_s + QString(400, u'9')), 0}})
+            echouer(joindreChamps(ligneAvec(change)), rejets);
     }
 
     void entete()
     {
-        QFETCH(QString, nom);
-        QFETCH(QStringList, lignes);
-        QFETCH(QList<BoiteAttendue>, boites);
-        QFETCH(QString, LabDAS);
-        ValidateurDas validateur;
-        QCOMPARE(extraire(validateur, lignes, boites, nom), Verdict::Interrompue);
-        QCOMPARE(libelle(validateur, u"LabDAS"_s), LabDAS);
-        QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
-    }
+        const auto finir = [](const QString &nom, const QStringList &lignes, const Attentes &boites,
+                              const QString &LabDAS = {}) {
+            ValidateurDas validateur;
+            QCOMPARE(extraire(validateur, lignes, boites, nom), Verdict::Interrompue);
+            QCOMPARE(libelle(validateur, u"LabDAS"_s), LabDAS);
+            QCOMPARE(libelle(validateur, u"LabDAS2"_s), u""_s);
+        };
+        const Attente mauvaise = info(
+            u"Erreur Première Ligne différente de   DAS KORVANDEL VER 3.0   \nVeuillez corriger SVP !!!"_s);
+        const QString bon = u"12345678;2024;1;10;1;"_s;
+        const Attentes zero{resume(0, 0), echec};
+        const QString zeros = u"Nbre Erreurs De Rejet : 0 ,  Sans Incidence : 0\n"_s;
 
-    void taux_data()
-    {
-        QTest::addColumn<QString>("lignes"); // how many of each kind, with the changes of the kind
-        QTest::addColumn<int>("effectif");
-        QTest::addColumn<QList<BoiteAttendue>>("boites");
-        using enum BoiteAttendue::Genre;
-        const auto ss = [](const QString &taux) { return BoiteAttendue{Application, tauxSS.arg(taux)}; };
-        const auto cpt = [](const QString &taux) {
-            return BoiteAttendue{
-                Application,
-                u"Votre DAS possède un taux de %1  % de salariés ne possèdent  pas de compte CCP ou bancaire"_s
-                    .arg(taux)};
-        };
-        const auto nin = [](const QString &taux) {
-            return BoiteAttendue{
-                Information,
-                u"Votre DAS présente un faible taux %1  % de salariés possèdent un NIN correcte !"_s.arg(
-                    taux)};
-        };
-        const BoiteAttendue mal{Avertissement, retournee}, echec{Application, anomalie};
-        // The summary, with its counts of rejects and harmless errors, stands in front of the boxes given.
-        const auto cas = [](const char *nom, const QString &lignes, int effectif, int rejets,
-                            int sansIncidence, QList<BoiteAttendue> boites) {
-            boites.prepend({Application, resume(rejets, sansIncidence)});
-            QTest::newRow(nom) << lignes << effectif << boites;
-        };
-        const QString zero = u".00"_s;
+        finir(u""_s, {marque}, {info(u"Aucun fichier n'a été sélectionné !!!"_s)});
+        for (const QString &nom : {u"12345678_DAS_2024.text"_s, u"12345678_DAS_2024txt"_s})
+            finir(nom, {u""_s}, {info(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s)});
+        finir(nomBon, {u""_s}, {info(u"FICHIER VIDE !!!!!!!!!!!"_s)});
+        for (const QStringList &lignes : {QStringList{marque}, {marque, u""_s}})
+            finir(nomBon, lignes, {info(u"FICHIER INCOMPLET !!!!!!!!!!!"_s)});
+        for (const QString &premiere :
+             {u"DAS KORVANDEL VER 2.0"_s, u"DAS  KORVANDEL VER 3.0"_s, u"\u00A0"_s + marque})
+            finir(nomBon, {premiere, bon}, {mauvaise, echec});
+        finir(nomBon, {marque, u"12345678;2024;1;10;1"_s}, {echec});
+        for (const QString &ligne :
+             {bon + u"x;y"_s, u" 12345678 ; 2024 ; 1 0 ; 1 000,5 ; 1 ;"_s, u"12345678;2024;00;;;"_s})
+            finir(u"12345678_das_2024_copie.TxT"_s, {u"  das korvandel\t ver 3.0\t"_s, ligne}, zero, zeros);
 
-        cas("100 pour cent", u"3"_s, 3, 0, 0, {});
-        cas("numero manquant", u"2 1:1=abc"_s, 3, 1, 0, {ss(u"66.67"_s), mal});
-        // The rate is that of the header's employees, the figure that of the nationals.
-        cas("effectif trop grand", u"3 2:11=O|26=5"_s, 6, 0, 0, {ss(u"166.67"_s), mal});
-        cas("aucun numero", u"1:1=abc"_s, 1, 1, 0, {ss(zero), mal});
-        cas("numero tolere", u"1:1=000000000000|21=S|20=01/07/2024"_s, 1, 0, 1, {});
-        cas("sans national, taux bon", u"2:11=O|26=5"_s, 2, 0, 0, {});
-        cas("sans national, division", u"2:11=O|26=5"_s, 3, 0, 0, {echec});
-        cas("effectif nul", u"1"_s, 0, 0, 0, {echec});
-        cas("dix pour cent sans compte", u"9 1:12="_s, 10, 1, 0, {});
-        cas("plus de dix", u"8 1:12="_s, 9, 1, 0, {cpt(u"11.11"_s), mal});
-        cas("etranger faux, national", u"9 1:12= 1:11=Z|12=1"_s, 11, 2, 1, {cpt(u"18.18"_s), mal});
-        cas("trente pour cent de NIN", u"3 7:30="_s, 10, 0, 7, {});
-        cas("moins de trente", u"2 5:30="_s, 7, 0, 5, {nin(u"28.57"_s)});
-        // The rate is that of those who entered, the figure that of all nationals.
-        cas("NIN des entres", u"1 3:30= 4:21=S|20=01/07/2024"_s, 8, 0, 3, {nin(u"12.50"_s)});
-        cas("type en minuscule", u"1:21=e"_s, 1, 0, 0, {nin(zero)});
-        // An entry behind the campaign and a type rewritten to "E" are not counted among those who entered.
-        cas("entres trop tard", u"1 3:30=|18=0|19=J|20=01/07/2024"_s, 4, 0, 9, {});
-        cas("type recrit", u"1 3:30=|21=x"_s, 4, 0, 6, {});
-        cas("les trois", u"1:12=|30=|1=x"_s, 1, 2, 1, {ss(zero), cpt(u"100.00"_s), nin(zero), mal});
-        cas("un rejet dur fait taire", u"1:12=|30=|1=x|7="_s, 1, 3, 1, {mal});
+        const Attente employeur = boite(
+            u"Erreur N° Employeur Deuxième Ligne différent du Nom du Fichier \nVeuillez corriger SVP !!!"_s);
+        const Attente annee =
+            boite(u"Erreur Année Deuxième Ligne différente du Nom du Fichier \nVeuillez corriger SVP !!!"_s);
+        const QString labEmployeur = u"N° Employeur Deuxième Ligne différent du Nom du Fichier!!!"_s;
+        const QString labAnnee = u"Année Deuxième Ligne différente du Nom du Fichier!!!"_s;
+        finir(u"12345679_DAS_2024.txt"_s, {marque, bon}, {employeur}, labEmployeur);
+        finir(u"12345678_DAS_2023.txt"_s, {marque, bon}, {annee}, labAnnee);
+        finir(u"a.txt"_s, {marque, bon}, {employeur, annee}, labEmployeur + u'\n' + labAnnee);
+        finir(u"12345678.txt"_s, {marque, u"12345678;;0;10;1;"_s}, {echec});
+        finir(u"12345678_DAS_ABCD.txt"_s, {marque, u"12345678;ABCD;0;10;1;"_s}, {echec});
+
+        const QString numero = u"Numéro DAS Non Numérique ou Négatif!!!"_s;
+        const QString total = u"Montant Total des Salaires Non Numérique ou Négatif"_s;
+        const QString effectif = u"Nombre Total des Salariés Non Numérique ou Négatif"_s;
+        for (const auto &[ligne, texte] :
+             {std::pair(u" 0;10;1;"_s, u"Numéro DAS Nul!!! Il Doit Etre Supérieur à 0 !!!"_s),
+              {u"1a;10;1;"_s, numero},
+              {u"1;-10;1;"_s, total + u"!!!"_s},
+              {u"1;1.5,3;-1;"_s, effectif + u"!!!"_s},
+              {u"-1;a;1.0;"_s, numero + u'\n' + total + u" !!!\n"_s + effectif + u" !!!"_s}})
+            finir(nomBon, {marque, u"12345678;2024;"_s + ligne}, {info(texte), resume(0, 0), echec},
+                  texte + u'\n' + zeros);
     }
 
     void taux()
     {
-        QFETCH(QString, lignes);
-        QFETCH(int, effectif);
-        QFETCH(QList<BoiteAttendue>, boites);
-        QStringList fichier{marque, u"12345678;2024;1;0;%1;"_s.arg(effectif)};
-        for (const QString &sorte : lignes.split(u' '))
-            fichier += lignesDe(sorte.section(u':', 0, 0).toInt(), sorte.section(u':', 1));
-        const QString fin = boites.last().texte;
-        const Verdict verdict = fin == retournee  ? Verdict::Rejetee
-                                : fin == anomalie ? Verdict::Interrompue
-                                                  : Verdict::Acceptee;
-        ValidateurDas validateur;
-        QCOMPARE(extraire(validateur, fichier, boites), verdict);
-        QCOMPARE(validateur.ongletsPermis(), verdict != Verdict::Interrompue);
-        QCOMPARE(libelle(validateur, u"LabDAS2"_s).endsWith(u'\n'), verdict == Verdict::Rejetee);
-    }
-
-    void totaux_data()
-    {
-        QTest::addColumn<QString>("salaires"); // one line each, parted by "|"; the header counts two
-        QTest::addColumn<QString>("total");
-        QTest::addColumn<QString>("LabDAS2"); // empty where the totals end in the failure path
-        const auto cas = [](const char *nom, const QString &salaires, const QString &total,
-                            const QString &montants, const QString &nombres) {
-            const QString texte =
-                u"Total Lignes DAS "_s + montants + u"\nTotal Nb Salariés Lignes DAS "_s + nombres;
-            QTest::newRow(nom) << salaires << total << (montants.isEmpty() ? u""_s : texte);
+        // How many lines of each kind, with the changes of the kind; the count of the header; what is listed.
+        const auto juger = [](const QString &lignes, int effectif, int rejets, int sansIncidence,
+                              Attentes boites) {
+            QStringList fichier{marque, u"12345678;2024;1;0;%1;"_s.arg(effectif)};
+            for (const QString &sorte : lignes.split(u' '))
+                fichier += lignesDe(sorte.section(u':', 0, 0).toInt(), sorte.section(u':', 1));
+            const QString fin = boites.isEmpty() ? QString() : boites.last().boite.texte;
+            boites.prepend(resume(rejets, sansIncidence));
+            ValidateurDas validateur;
+            QCOMPARE(extraire(validateur, fichier, boites), fin == retournee  ? Verdict::Rejetee
+                                                            : fin == anomalie ? Verdict::Interrompue
+                                                                              : Verdict::Acceptee);
+            QCOMPARE(validateur.ongletsPermis(), fin != anomalie);
+            QCOMPARE(libelle(validateur, u"LabDAS2"_s).endsWith(u'\n'), fin == retournee);
         };
-        const QString egal = u"= Entête DAS"_s, moins = u"< Entête DAS de  -"_s,
-                      plus = u"> Entête DAS de  "_s;
-        cas("egaux", u"1234.5|0,55"_s, u"1 235,05"_s, egal, egal);
-        cas("un centime", u"1234.5|1"_s, u"1235.51"_s, moins + u"0.01"_s, egal);
-        cas("troisieme decimale perdue", u"1234.567|1.999"_s, u"1236.54"_s, plus + u"0.01"_s, egal);
-        cas("entete a deux decimales", u"1.01|1"_s, u"2.005"_s, egal, egal);
-        cas("grand", u"99999999999,99|99999999999,99|0.02"_s, u"199999999765.5"_s, plus + u"234.5"_s,
-            plus + u"1"_s);
-        cas("au-dela de 1e13", u"311013818494973,49|0.52"_s, u"311013818494974"_s, egal, egal);
-        cas("une ligne manque", u"1"_s, u"2"_s, moins + u"1"_s, moins + u"1\n"_s);
-        // What follows the total is the count of the header.
-        cas("effectif immense", u"1|2"_s, u"3;1000000000000000"_s, egal, moins + u"999999999999998\n"_s);
-        cas("montant trop grand", u"922337203685478|1"_s, u"1"_s, {}, {});
-        cas("total vide", u"1|1"_s, u""_s, {}, {});
+        const auto ss = [](const QString &taux) { return boite(tauxSS.arg(taux)); };
+        const auto cpt = [](const QString &taux) {
+            return boite(
+                u"Votre DAS possède un taux de %1  % de salariés ne possèdent  pas de compte CCP ou bancaire"_s
+                    .arg(taux));
+        };
+        const auto nin = [](const QString &taux) {
+            return boites::information(
+                u"Votre DAS présente un faible taux %1  % de salariés possèdent un NIN correcte !"_s.arg(
+                    taux));
+        };
+        const QString zero = u".00"_s;
+
+        juger(u"3"_s, 3, 0, 0, {});
+        juger(u"2 1:1=abc"_s, 3, 1, 0, {ss(u"66.67"_s), retour});
+        // The rate is that of the header's employees, the figure that of the nationals.
+        juger(u"3 2:11=O|26=5"_s, 6, 0, 0, {ss(u"166.67"_s), retour});
+        juger(u"1:1=abc"_s, 1, 1, 0, {ss(zero), retour});
+        juger(u"1:1=000000000000|21=S|20=01/07/2024"_s, 1, 0, 1, {});
+        juger(u"2:11=O|26=5"_s, 2, 0, 0, {});
+        juger(u"2:11=O|26=5"_s, 3, 0, 0, {echec}); // no national to divide by
+        juger(u"1"_s, 0, 0, 0, {echec});
+        juger(u"9 1:12="_s, 10, 1, 0, {});
+        juger(u"17 2:12="_s, 19, 2, 0, {cpt(u"10.53"_s), retour});
+        juger(u"9 1:12= 1:11=Z|12=1"_s, 11, 2, 1, {cpt(u"18.18"_s), retour}); // a wrong code is a national's
+        juger(u"3 7:30="_s, 10, 0, 7, {});
+        juger(u"2 5:30="_s, 7, 0, 5, {nin(u"28.57"_s)});
+        // The rate is that of those who entered, the figure that of all nationals.
+        juger(u"1 3:30= 4:21=S|20=01/07/2024"_s, 8, 0, 3, {nin(u"12.50"_s)});
+        juger(u"1:21=e"_s, 1, 0, 0, {nin(zero)});
+        // An entry behind the campaign and a type rewritten to "E" are not counted among those who entered.
+        juger(u"1 3:30=|18=0|19=J|20=01/07/2024"_s, 4, 0, 9, {});
+        juger(u"1 3:30=|21=x"_s, 4, 0, 6, {});
+        juger(u"1:12=|30=|1=x"_s, 1, 2, 1, {ss(zero), cpt(u"100.00"_s), nin(zero), retour});
+        juger(u"1:12=|30=|1=x|7="_s, 1, 3, 1, {retour}); // a hard reject silences the rates
     }
 
     void totaux()
     {
-        QFETCH(QString, salaires);
-        QFETCH(QString, total);
-        QFETCH(QString, LabDAS2);
-        QStringList lignes{marque, u"12345678;2024;1;%1;2;"_s.arg(total)};
-        for (const QString &salaire : salaires.split(u'|'))
-            lignes += lignesDe(1, u"17="_s + salaire);
-        QList<BoiteAttendue> boites{{BoiteAttendue::Application, resume(0, 0)}};
-        Verdict verdict = Verdict::Acceptee;
-        if (LabDAS2.isEmpty()) {
-            boites.append({BoiteAttendue::Application, anomalie});
-            verdict = Verdict::Interrompue;
-        } else if (LabDAS2.endsWith(u'\n')) {
-            boites += {{BoiteAttendue::Application, tauxSS.arg(u"100.00")},
-                       {BoiteAttendue::Avertissement, retournee}};
-            verdict = Verdict::Rejetee;
-        }
-        ValidateurDas validateur;
-        QCOMPARE(extraire(validateur, lignes, boites), verdict);
-        QCOMPARE(libelle(validateur, u"LabDAS2"_s), LabDAS2);
-        // The totals are reached, whether or not they can be read; the captions come behind them.
-        QVERIFY(validateur.ongletsPermis());
-        QCOMPARE(libelle(validateur, u"LabT3"_s), LabDAS2.isEmpty() ? u"(no such label)"_s : u"2023-T3"_s);
+        // The wages of the lines, parted by "|"; the total of the header, which counts two.
+        const auto comparer = [](const QString &salaires, const QString &total, const QString &montants,
+                                 const QString &nombres) {
+            QStringList lignes{marque, u"12345678;2024;1;%1;2;"_s.arg(total)};
+            for (const QString &salaire : salaires.split(u'|'))
+                lignes += lignesDe(1, u"17="_s + salaire);
+            const bool lus = !montants.isEmpty(), retournes = nombres.endsWith(u'\n');
+            Attentes boites{resume(0, 0)};
+            if (!lus)
+                boites += echec;
+            else if (retournes)
+                boites += {boite(tauxSS.arg(u"100.00")), retour};
+            ValidateurDas validateur;
+            QCOMPARE(extraire(validateur, lignes, boites), !lus        ? Verdict::Interrompue
+                                                           : retournes ? Verdict::Rejetee
+                                                                       : Verdict::Acceptee);
+            QCOMPARE(libelle(validateur, u"LabDAS2"_s),
+                     lus ? u"Total Lignes DAS "_s + montants + u"\nTotal Nb Salariés Lignes DAS "_s + nombres
+                         : u""_s);
+            // The totals are reached, whether or not they can be read; the captions come behind them.
+            QVERIFY(validateur.ongletsPermis());
+            QCOMPARE(libelle(validateur, u"LabT3"_s), lus ? u"2023-T3"_s : u"(no such label)"_s);
+        };
+        const QString egal = u"= Entête DAS"_s, moins = u"< Entête DAS de  -"_s,
+                      plus = u"> Entête DAS de  "_s;
+        comparer(u"1234.5|0,55"_s, u"1 235,05"_s, egal, egal);
+        comparer(u"1234.5|1"_s, u"1235.51"_s, moins + u"0.01"_s, egal);
+        comparer(u"1234.567|1.999"_s, u"1236.54"_s, plus + u"0.01"_s, egal); // no third decimal
+        comparer(u"1.01|1"_s, u"2.005"_s, egal, egal);
+        comparer(u"99999999999,99|99999999999,99|0.02"_s, u"199999999765.5"_s, plus + u"234.5"_s,
+                 plus + u"1"_s);
+        comparer(u"311013818494973,49|0.52"_s, u"311013818494974"_s, egal, egal);
+        comparer(u"1"_s, u"2"_s, moins + u"1"_s, moins + u"1\n"_s);
+        // What follows the total is the count of the header.
+        comparer(u"1|2"_s, u"3;1000000000000000"_s, egal, moins + u"999999999999998\n"_s);
+        comparer(u"922337203685478|1"_s, u"1"_s, {}, {});
+        comparer(u"1|1"_s, u""_s, {}, {});
     }
 
     // The words of an earlier extraction stay in front of those of the next; everything else starts anew.
@@ -425,7 +341,6 @@ private slots:
     {
         ValidateurDas validateur;
         const QString entete = u"12345678;2024;1;0;1;"_s;
-        const BoiteAttendue echec{BoiteAttendue::Application, anomalie};
         extraire(validateur,
                  QStringList{marque, entete} + lignesDe(1, u"7=|4=x"_s) + QStringList{u""_s, u""_s}, {echec});
         QCOMPARE(validateur.rejets.taille(), 1);
@@ -451,8 +366,7 @@ private slots:
 
         // A fault that had the first file returned does not weigh on the next one.
         const QStringList sansFaute = QStringList{marque, entete.chopped(4) + u"1000,5;1;"_s} + lignesDe(1);
-        QCOMPARE(extraire(validateur, sansFaute, {{BoiteAttendue::Application, resume(0, 0)}}),
-                 Verdict::Acceptee);
+        QCOMPARE(extraire(validateur, sansFaute, {resume(0, 0)}), Verdict::Acceptee);
     }
 
     // Word by word: a block for each line of the file, and the words paired by rank, so that those of an
@@ -481,39 +395,25 @@ private slots:
                  u"\n\tTITRE\n\n\n  Ligne N°: 3, \tN° SS: 5, \tNom : ZIANI Lou\n  Erreur : mots 1"_s);
     }
 
-    void fichiers_data()
-    {
-        QTest::addColumn<Verdict>("verdict");
-        QTest::addColumn<int>("rejets");
-        QTest::addColumn<int>("sansIncidence");
-        QTest::addColumn<int>("lignes");
-        QTest::addColumn<double>("total");
-        QTest::newRow("11000028_DAS_2024.txt") << Verdict::Acceptee << 0 << 0 << 5 << 1895929.25;
-        QTest::newRow("11000045_DAS_2020.txt") << Verdict::Acceptee << 0 << 4 << 100 << 344366792252.8;
-        QTest::newRow("14000020_DAS_2021.txt") << Verdict::Rejetee << 15 << 10 << 10 << 10111655310.57;
-        QTest::newRow("12000037_DAS_2020.txt") << Verdict::Interrompue << 3 << 2 << 4 << 1001668091.18;
-    }
-
     void fichiers()
     {
-        QFETCH(Verdict, verdict);
-        QFETCH(int, rejets);
-        QFETCH(int, sansIncidence);
-        const QString chemin =
-            QFINDTESTDATA(QLatin1String("fichiers/") + QLatin1String(QTest::currentDataTag()));
-        DialogueScenario dialogue;
-        if (verdict == Verdict::Interrompue)
-            dialogue.attendreBoite(anomalie);
-        else
-            dialogue.attendreBoite(resume(rejets, sansIncidence));
-        if (verdict == Verdict::Rejetee)
-            dialogue.attendreAvertissement(retournee);
-        ValidateurDas validateur;
-        QCOMPARE(validateur.extraire(chemin, dialogue), verdict);
-        QCOMPARE(validateur.rejets.taille(), rejets);
-        QCOMPARE(validateur.sansIncidence.taille(), sansIncidence);
-        QTEST(int(validateur.nbLignes), "lignes");
-        QTEST(validateur.totalSalaires.valeur(), "total");
+        using Cas = std::tuple<QString, Verdict, int, int, int, double>;
+        for (const auto &[nom, verdict, rejets, sansIncidence, lignes, total] :
+             {Cas(u"11000028_DAS_2024.txt"_s, Verdict::Acceptee, 0, 0, 5, 1895929.25),
+              Cas(u"11000045_DAS_2020.txt"_s, Verdict::Acceptee, 0, 4, 100, 344366792252.8),
+              Cas(u"14000020_DAS_2021.txt"_s, Verdict::Rejetee, 15, 10, 10, 10111655310.57),
+              Cas(u"12000037_DAS_2020.txt"_s, Verdict::Interrompue, 3, 2, 4, 1001668091.18)}) {
+            DialogueScenario dialogue;
+            dialogue.attendre({verdict == Verdict::Interrompue ? echec : resume(rejets, sansIncidence)});
+            if (verdict == Verdict::Rejetee)
+                dialogue.attendre({retour});
+            ValidateurDas validateur;
+            QCOMPARE(validateur.extraire(QFINDTESTDATA(u"fichiers/"_s + nom), dialogue), verdict);
+            QCOMPARE(validateur.rejets.taille(), rejets);
+            QCOMPARE(validateur.sansIncidence.taille(), sansIncidence);
+            QCOMPARE(validateur.nbLignes, lignes);
+            QCOMPARE(validateur.totalSalaires.valeur(), total);
+        }
     }
 
     void nonOuvert()
@@ -522,8 +422,7 @@ private slots:
         ValidateurDas validateur;
         QVERIFY_THROWS_EXCEPTION(ErreurFichier,
                                  validateur.extraire(u"/absent/12345678_DAS_2024.txt"_s, dialogue));
-        dialogue.attendreBoite(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s,
-                               u"DAS INFO"_s);
+        dialogue.attendre({info(u"Format Fichier Sélectionné Incorrect (Différent de .txt) !!!"_s)});
         QCOMPARE(validateur.extraire(u"/absent/12345678_DAS_2024.dat"_s, dialogue), Verdict::Interrompue);
     }
 };
