@@ -9,19 +9,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-SaisieDacs saisie(const QMap<QString, QString> &montants)
+/// @param montants such as "Txt01=0.1 TxtT2=100"
+SaisieDacs saisie(const QString &montants)
 {
     SaisieDacs dacs;
-    for (auto montant = montants.begin(); montant != montants.end(); ++montant) {
-        const auto boite = std::find(SaisieDacs::Boites.begin(), SaisieDacs::Boites.end(), montant.key());
+    for (const QString &montant : montants.split(u' ', Qt::SkipEmptyParts)) {
+        const auto boite =
+            std::find(SaisieDacs::Boites.begin(), SaisieDacs::Boites.end(), montant.section(u'=', 0, 0));
         Q_ASSERT(boite != SaisieDacs::Boites.end());
-        dacs.textes[static_cast<std::size_t>(boite - SaisieDacs::Boites.begin())] = montant.value();
+        dacs.textes[static_cast<std::size_t>(boite - SaisieDacs::Boites.begin())] = montant.section(u'=', 1);
     }
     return dacs;
 }
 
-const QString egal = u"Montant DAS Annuelle Egal au Total DACs"_s;
-const QString inferieur = u"Montant DAS Annuelle Inférieur au Total DACs"_s;
+const QString titre = u"DAS"_s;
 
 } // namespace
 
@@ -30,111 +31,64 @@ class TestRapprochement : public QObject
 {
     Q_OBJECT
 
-    using Montants = QMap<QString, QString>;
-
 private slots:
-    void quitter_data()
-    {
-        QTest::addColumn<QString>("saisi");
-        QTest::addColumn<QString>("lu");
-        QTest::newRow("vide") << u""_s << u"0"_s;
-        QTest::newRow("lettres") << u"abc"_s << u"0"_s;
-        QTest::newRow("blanc au milieu") << u"1 234.50"_s << u"1234.5"_s;
-        QTest::newRow("virgule") << u"12,5"_s << u"12"_s;
-        QTest::newRow("moins zero") << u"-0"_s << u"0"_s;
-        QTest::newRow("grand") << u"123456789012.34"_s << u"123456789012.34"_s;
-        QTest::newRow("negatif") << u"-0.01"_s << QString();
-    }
-
     void quitter()
     {
-        QFETCH(QString, saisi);
-        QFETCH(QString, lu);
-        DialogueScenario dialogue;
-        if (lu.isEmpty())
-            dialogue.attendreAvertissement(u"Veuillez Saisir un Montant Correct S.V.P!!!"_s, u"DAS"_s);
-        QCOMPARE(quitterMontantDac(saisi, dialogue), !lu.isEmpty());
-        QCOMPARE(saisi, lu);
-    }
-
-    void verdict_data()
-    {
-        QTest::addColumn<Montants>("montants");
-        QTest::addColumn<QString>("total");
-        QTest::addColumn<QString>("verdict");
-        const QString superieur = u"Montant DAS Annuelle Supérieur au Total DACs"_s;
-        QTest::newRow("rien") << Montants{} << u".00"_s << egal;
-        QTest::newRow("dixiemes") << Montants{{u"Txt01"_s, u"0.1"_s}, {u"Txt02"_s, u"0.2"_s}} << u".30"_s
-                                  << egal;
-        QTest::newRow("toutes les boites")
-            << Montants{{u"Txt07"_s, u"1"_s},  {u"Txt08"_s, u"2"_s},  {u"Txt09"_s, u"4"_s},
-                        {u"TxtT4"_s, u"8"_s},  {u"TxtT1"_s, u"16"_s}, {u"Txt04"_s, u"32"_s},
-                        {u"Txt05"_s, u"64"_s}, {u"Txt06"_s, u"128"_s}}
-            << u"255.00"_s << egal;
-        QTest::newRow("autres boites")
-            << Montants{{u"TxtT3"_s, u"1"_s},  {u"Txt10"_s, u"2"_s},  {u"Txt11"_s, u"4"_s},
-                        {u"Txt12"_s, u"8"_s},  {u"Txt01"_s, u"16"_s}, {u"Txt02"_s, u"32"_s},
-                        {u"Txt03"_s, u"64"_s}, {u"TxtT2"_s, u"128"_s}}
-            << u"255.00"_s << egal;
-        QTest::newRow("moins") << Montants{{u"TxtT3"_s, u"1000.10"_s}} << u"1 000.00"_s
-                               << QString(inferieur + u"\nDe :  -0.1"_s);
-        QTest::newRow("plus") << Montants{{u"TxtT3"_s, u"123456789012.10"_s}} << u"123 456 789 012.35"_s
-                              << QString(superieur + u"\nDe :  0.25"_s);
+        for (const auto &[saisi, lu] : {std::pair(u""_s, u"0"_s),
+                                        {u"abc"_s, u"0"_s},
+                                        {u"1 234.50"_s, u"1234.5"_s},
+                                        {u"12,5"_s, u"12"_s},
+                                        {u"-0"_s, u"0"_s},
+                                        {u"123456789012.34"_s, u"123456789012.34"_s},
+                                        {u"-0.01"_s, u""_s}}) {
+            DialogueScenario dialogue;
+            if (lu.isEmpty())
+                dialogue.attendreAvertissement(u"Veuillez Saisir un Montant Correct S.V.P!!!"_s, titre);
+            QString montant = saisi;
+            QCOMPARE(quitterMontantDac(montant, dialogue), !lu.isEmpty());
+            QCOMPARE(montant, lu);
+        }
     }
 
     void verdict()
     {
-        QFETCH(Montants, montants);
-        QFETCH(QString, total);
-        QFETCH(QString, verdict);
-        DialogueScenario dialogue;
-        const QString titre = u"DAS"_s;
-        if (verdict == egal)
-            dialogue.attendreInformation(egal, titre);
-        else if (verdict.startsWith(inferieur))
-            dialogue.attendreAvertissement(inferieur, titre);
-        else
-            dialogue.attendreAvertissement(u"Montant DAS Annuelle Supérieur du Total DACs"_s, titre);
-        QCOMPARE(verifierDacs(saisie(montants), total, dialogue), verdict);
+        const Attente egal = boites::information(u"Montant DAS Annuelle Egal au Total DACs"_s, titre);
+        const Attente moins = boites::avertissement(u"Montant DAS Annuelle Inférieur au Total DACs"_s, titre);
+        const Attente plus = boites::avertissement(u"Montant DAS Annuelle Supérieur du Total DACs"_s, titre);
+        using Cas = std::tuple<QString, QString, Attente, QString>;
+        for (const auto &[montants, total, boite, difference] :
+             {Cas(u""_s, u".00"_s, egal, {}), Cas(u"Txt01=0.1 Txt02=0.2"_s, u".30"_s, egal, {}),
+              Cas(u"Txt07=1 Txt08=2 Txt09=4 TxtT4=8 TxtT1=16 Txt04=32 Txt05=64 Txt06=128"_s, u"255.00"_s,
+                  egal, {}),
+              Cas(u"TxtT3=1 Txt10=2 Txt11=4 Txt12=8 Txt01=16 Txt02=32 Txt03=64 TxtT2=128"_s, u"255.00"_s,
+                  egal, {}),
+              Cas(u"TxtT1=100 Txt03=0"_s, u"100"_s, egal, {}),
+              Cas(u"TxtT2=100 Txt03=1"_s, u"101"_s, egal, {}),
+              Cas(u"TxtT3=1000.10"_s, u"1 000.00"_s, moins, u"-0.1"_s),
+              Cas(u"TxtT3=123456789012.10"_s, u"123 456 789 012.35"_s, plus, u"0.25"_s)}) {
+            DialogueScenario dialogue;
+            dialogue.attendre({boite});
+            QCOMPARE(verifierDacs(saisie(montants), total, dialogue),
+                     QString(boite.boite.texte).replace(u" du "_s, u" au "_s) +
+                         (difference.isEmpty() ? QString() : u"\nDe :  "_s + difference));
+        }
     }
 
-    void conflits_data()
-    {
-        QTest::addColumn<Montants>("montants");
-        QTest::addColumn<QString>("trimestres");
-        const QString cent = u"100"_s;
-        QTest::newRow("mois nuls") << Montants{{u"TxtT1"_s, cent}, {u"Txt03"_s, u"0"_s}} << QString();
-        QTest::newRow("T1") << Montants{{u"TxtT1"_s, cent}, {u"Txt02"_s, u"1"_s}} << u"  T1"_s;
-        QTest::newRow("T3 et T1") << Montants{{u"TxtT1"_s, cent},
-                                              {u"Txt01"_s, u"1"_s},
-                                              {u"TxtT3"_s, cent},
-                                              {u"Txt09"_s, u"1"_s}}
-                                  << u"T3  T1"_s;
-        QTest::newRow("T4, T2") << Montants{{u"TxtT4"_s, cent},
-                                            {u"Txt10"_s, u"1"_s},
-                                            {u"TxtT2"_s, cent},
-                                            {u"Txt06"_s, u"1"_s}}
-                                << u"T4  T2"_s;
-        QTest::newRow("T2 contre T1") << Montants{{u"TxtT2"_s, u"100"_s}, {u"Txt03"_s, u"0"_s}} << QString();
-    }
-
+    /// The sum is right each time: a conflict stops all the same.
     void conflits()
     {
-        QFETCH(Montants, montants);
-        QFETCH(QString, trimestres);
-        // The sum is right each time: a conflict stops all the same.
-        const SaisieDacs dacs = saisie(montants);
-        DialogueScenario dialogue;
-        if (trimestres.isEmpty()) {
-            dialogue.attendreInformation(egal, u"DAS"_s);
-        } else {
+        for (const auto &[montants, trimestres] : {std::pair(u"TxtT1=100 Txt02=1"_s, u"  T1"_s),
+                                                   {u"TxtT1=100 Txt01=1 TxtT3=100 Txt09=1"_s, u"T3  T1"_s},
+                                                   {u"TxtT4=100 Txt10=1 TxtT2=100 Txt06=1"_s, u"T4  T2"_s},
+                                                   {u"TxtT4=100 Txt11=1"_s, u"  T4"_s}}) {
+            const SaisieDacs dacs = saisie(montants);
+            DialogueScenario dialogue;
             dialogue.attendreAvertissement(u"Vous Avez Saisi Pour Le(s) Trimestre(s) %1\nLa Période "
                                            "Trimestrielle + Mensuelle(s) !!!\nVeuillez Corriger l'Erreur "
                                            "S.V.P !!!"_s.arg(trimestres),
-                                           u"DAS"_s);
+                                           titre);
+            QCOMPARE(verifierDacs(dacs, QString::number(SommeDacs(dacs)), dialogue), QString());
         }
-        QCOMPARE(verifierDacs(dacs, QString::number(SommeDacs(dacs)), dialogue),
-                 trimestres.isEmpty() ? egal : QString());
     }
 };
 
