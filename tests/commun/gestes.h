@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QTableView>
 #include <QTest>
 
 /// What a clerk's hands do on a screen and what his eyes see, by the names of its controls. Several names
@@ -92,4 +94,18 @@ inline void cliquer(const QWidget &ecran, const QString &nom)
 {
     auto *bouton = champ(ecran, nom);
     QTest::mouseClick(bouton, Qt::LeftButton, {}, {10, bouton->height() / 2}); // a check box is narrow
+}
+
+/// Clicks on the head of a column, counted as the columns are seen.
+inline void cliquerTete(const QTableView &grille, int place)
+{
+    QHeaderView *tete = grille.horizontalHeader();
+    const int x = tete->sectionViewportPosition(tete->logicalIndex(place)) + 10;
+    QTest::mouseClick(tete->viewport(), Qt::LeftButton, {}, {x, tete->height() / 2});
+}
+
+/// The key of the current row: what its first column holds.
+inline QString courante(const QTableView &grille)
+{
+    return grille.currentIndex().siblingAtColumn(0).data().toString();
 }
