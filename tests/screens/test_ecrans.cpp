@@ -4,7 +4,8 @@
 #include "screens/dialogueqt.h"
 #include "screens/etatsfenetres.h"
 #include "screens/francais.h"
-#include "tests/commun/dialoguescenario.h"
+#include "tests/commun/cas.h"
+#include "tests/screens/banc.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -12,9 +13,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -26,73 +25,45 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+using namespace boites;
 
 namespace {
 
-/// Does something to the modal dialog that the code after this line opens.
+/// Acts in the dialog of that class that the code after this line opens; the action ends it.
 template <typename Boite, typename Action>
-void quandOuvre(QObject *porteur, Action action)
+void quandOuvre(Action action)
 {
-    auto *horloge = new QTimer(porteur);
-    QObject::connect(horloge, &QTimer::timeout, porteur, [horloge, action] {
-        if (auto *boite = qobject_cast<Boite *>(QApplication::activeModalWidget())) {
-            horloge->deleteLater();
-            horloge->stop();
-            action(boite);
-        }
+    dansLaFenetre([action](QWidget &fenetre) {
+        auto *boite = qobject_cast<Boite *>(&fenetre);
+        QVERIFY(boite);
+        action(*boite);
     });
-    horloge->start(10);
 }
 
-/// A receiver whose slots fail.
-class Receveur : public QObject
-{
-public:
-    void sansValeur()
-    {
-        ++appels;
-        throw ErreurBase(u"sans valeur"_s);
-    }
-    void avecValeur(const QString &texte)
-    {
-        ++appels;
-        throw ErreurBase(texte);
-    }
-
-    int appels = 0;
-};
-
 /// Every text that a dialog shows, to look for what is not French.
-QStringList textes(QWidget *dialogue)
+QStringList textesMontres(QWidget &dialogue)
 {
-    QStringList tous{dialogue->windowTitle()};
-    for (const auto *etiquette : dialogue->findChildren<QLabel *>())
-        tous << etiquette->text();
-    for (const auto *bouton : dialogue->findChildren<QAbstractButton *>())
-        tous << bouton->text() << bouton->toolTip();
-    for (const auto *boite : dialogue->findChildren<QGroupBox *>())
-        tous << boite->title();
-    for (const auto *liste : dialogue->findChildren<QComboBox *>()) {
+    QStringList tous{dialogue.windowTitle()};
+    for (const QWidget *un : dialogue.findChildren<QWidget *>())
+        tous << un->property("text").toString() << un->property("title").toString() << un->toolTip();
+    for (const auto *liste : dialogue.findChildren<QComboBox *>()) {
         for (int i = 0; i < liste->count(); ++i)
             tous << liste->itemText(i);
     }
-    for (const auto *onglets : dialogue->findChildren<QTabWidget *>()) {
+    for (const auto *onglets : dialogue.findChildren<QTabWidget *>()) {
         for (int i = 0; i < onglets->count(); ++i)
             tous << onglets->tabText(i);
     }
-    for (const auto *table : dialogue->findChildren<QTreeView *>()) {
+    for (const auto *table : dialogue.findChildren<QTreeView *>()) {
         for (int i = 0; table->model() && i < table->model()->columnCount(); ++i)
             tous << table->model()->headerData(i, Qt::Horizontal).toString();
     }
-    for (const auto *action : dialogue->findChildren<QAction *>())
+    for (const auto *action : dialogue.findChildren<QAction *>())
         tous << action->text();
-    tous.removeAll(QString());
-    tous.removeDuplicates();
     return tous;
 }
 
@@ -102,55 +73,45 @@ class TestEcrans : public QObject
 {
     Q_OBJECT
 
+    struct CasBoite
+    {
+        const char *nom;
+        std::function<bool(DialogueQt &)> montrer;
+        QMessageBox::Icon icone;
+        QString boutons; // the default one first
+        Qt::Key touche;
+        bool reponse;
+    };
+
 private slots:
     void initTestCase() { parlerFrancais(*qApp); }
 
+    /// What was begun is undone before the box, which runs the event loop: no half-done row may stand behind
+    /// it.
     void echecsDesActions()
     {
         DialogueScenario dialogue;
-        QStringList suite;
-        DernierRecours recours(dialogue, [&] { suite << u"annule"_s; });
-
-        QVERIFY(recours.agir([&] { suite << u"fait"_s; }));
-        QCOMPARE(suite, QStringList{u"fait"_s});
-
-        dialogue.attendreCritique(u"La colonne nom refuse <30>."_s);
-        QVERIFY(!recours.agir([] { throw ErreurBase(u"La colonne nom refuse <30>."_s); }));
-        dialogue.attendreCritique(u"Erreur inattendue : vector"_s);
-        QVERIFY(!recours.agir([] { throw std::runtime_error("vector"); }));
-        dialogue.attendreCritique(u"Mémoire insuffisante."_s);
-        QVERIFY(!recours.agir([] { throw std::bad_alloc(); }));
-        dialogue.attendreCritique(u"Erreur inattendue."_s);
-        QVERIFY(!recours.agir([] { throw 7; }));
-        QVERIFY(dialogue.acheve());
-        QCOMPARE(suite.size(), 5);
-    }
-
-    void annulationAvantLaBoite()
-    {
-        // The box runs the event loop: no half-done row may stand behind it.
-        class Temoin : public DialogueScenario
-        {
-        public:
-            bool *annule = nullptr;
-            bool annuleALaBoite = false;
-
-        protected:
-            bool montrer(const Boite &boite) override
-            {
-                annuleALaBoite = *annule;
-                return DialogueScenario::montrer(boite);
-            }
-        } dialogue;
-        bool annule = false;
-        dialogue.annule = &annule;
+        QString suite;
+        bool refuse = false;
         DernierRecours recours(dialogue, [&] {
-            annule = true;
-            throw ErreurBase(u"Annulation refusée."_s);
+            suite += u"annule "_s;
+            if (refuse)
+                throw ErreurBase(u"Annulation refusée."_s);
         });
-        dialogue.attendreCritique(u"Premier échec.\nAnnulation refusée."_s);
-        recours.agir([] { throw ErreurBase(u"Premier échec."_s); });
-        QVERIFY(dialogue.annuleALaBoite);
+        dialogue.aChaqueBoite = [&] { suite += u"boite "_s; };
+        QVERIFY(recours.agir([&] { suite += u"fait "_s; }));
+        dialogue.attendre({critique(u"La colonne nom refuse <30>."_s),
+                           critique(u"Erreur inattendue : vector"_s), critique(u"Mémoire insuffisante."_s),
+                           critique(u"Erreur inattendue."_s),
+                           critique(u"Premier échec.\nAnnulation refusée."_s)});
+        QVERIFY(!recours.agir([] { throw ErreurBase(u"La colonne nom refuse <30>."_s); }));
+        QVERIFY(!recours.agir([] { throw std::runtime_error("vector"); }));
+        QVERIFY(!recours.agir([] { throw std::bad_alloc(); }));
+        QVERIFY(!recours.agir([] { throw 7; }));
+        refuse = true;
+        QVERIFY(!recours.agir([] { throw ErreurBase(u"Premier échec."_s); }));
+        QVERIFY(dialogue.acheve());
+        QCOMPARE(suite, u"fait "_s + u"annule boite "_s.repeated(5));
     }
 
     void connexions()
@@ -159,22 +120,18 @@ private slots:
         DernierRecours recours(dialogue, {});
         QLineEdit champ;
         QPushButton bouton;
-        Receveur receveur;
         QString recu;
-        recours.connecter(&bouton, &QPushButton::clicked, &receveur, &Receveur::sansValeur);
-        recours.connecter(&champ, &QLineEdit::textChanged, &receveur, &Receveur::avecValeur);
-        recours.connecter(&champ, &QLineEdit::textChanged, &receveur,
-                          [&](const QString &texte) { recu = texte; });
-        recours.connecter(&bouton, &QPushButton::clicked, &receveur, [&] { recu += u"!"_s; });
+        recours.connecter(&champ, &QLineEdit::textChanged, this,
+                          [](const QString &texte) { throw ErreurBase(texte); });
+        recours.connecter(&champ, &QLineEdit::textChanged, this, [&](const QString &texte) { recu = texte; });
+        recours.connecter(&bouton, &QPushButton::clicked, &champ, &QLineEdit::clear);
 
-        dialogue.attendreCritique(u"refus"_s);
+        dialogue.attendre({critique(u"refus"_s), critique({})});
         champ.setText(u"refus"_s);
         QCOMPARE(recu, u"refus"_s);
-        dialogue.attendreCritique(u"sans valeur"_s);
         bouton.click();
         QVERIFY(dialogue.acheve());
-        QCOMPARE(recu, u"refus!"_s);
-        QCOMPARE(receveur.appels, 2);
+        QCOMPARE(recu, QString());
     }
 
     void echecFatal()
@@ -182,14 +139,13 @@ private slots:
         DialogueScenario dialogue;
         int annulations = 0;
         DernierRecours recours(dialogue, [&] { ++annulations; });
-        dialogue.attendreCritique(u"Base illisible."_s);
+        dialogue.attendre({critique(u"Base illisible."_s)});
         QTimer::singleShot(0, this, [&] {
             recours.agir([] { throw ErreurFatale(u"Base illisible."_s); });
             // What fails behind it is undone, but no longer told.
             recours.agir([] { throw ErreurBase(u"La suite."_s); });
         });
         QCOMPARE(QApplication::exec(), 1);
-        QVERIFY(dialogue.acheve());
         QCOMPARE(annulations, 2);
     }
 
@@ -206,116 +162,88 @@ private slots:
             }
         }
         QCOMPARE(annulations, 3);
-        dialogue.attendreCritique(u"Une page ne se lit pas."_s); // once, from the event loop
+        dialogue.attendre({critique(u"Une page ne se lit pas."_s)}); // once, from the event loop
         QCoreApplication::processEvents();
-        QVERIFY(dialogue.acheve());
     }
 
     void boites_data()
     {
-        QTest::addColumn<int>("genre");
-        QTest::addColumn<QStringList>("boutons");
-        QTest::addColumn<QString>("parDefaut");
-        QTest::addColumn<int>("icone");
-        QTest::addColumn<int>("touche");
-        QTest::addColumn<bool>("reponse");
-        const QStringList ouiNon{u"&Oui"_s, u"&Non"_s};
-        const QStringList okAnnuler{u"OK"_s, u"Annuler"_s};
-        QTest::newRow("plain") << 0 << QStringList{u"OK"_s} << u"OK"_s << int(QMessageBox::NoIcon)
-                               << int(Qt::Key_Return) << true;
-        QTest::newRow("warning") << 1 << QStringList{u"OK"_s} << u"OK"_s << int(QMessageBox::Warning)
-                                 << int(Qt::Key_Escape) << true;
-        QTest::newRow("information") << 2 << QStringList{u"OK"_s} << u"OK"_s << int(QMessageBox::Information)
-                                     << int(Qt::Key_Return) << true;
-        QTest::newRow("critical") << 3 << QStringList{u"OK"_s} << u"OK"_s << int(QMessageBox::Critical)
-                                  << int(Qt::Key_Return) << true;
-        QTest::newRow("yes") << 4 << ouiNon << u"&Oui"_s << int(QMessageBox::Question) << int(Qt::Key_Return)
-                             << true;
-        QTest::newRow("escape is no")
-            << 4 << ouiNon << u"&Oui"_s << int(QMessageBox::Question) << int(Qt::Key_Escape) << false;
-        QTest::newRow("no by default")
-            << 5 << ouiNon << u"&Non"_s << int(QMessageBox::Question) << int(Qt::Key_Return) << false;
-        QTest::newRow("ok") << 6 << okAnnuler << u"OK"_s << int(QMessageBox::Question) << int(Qt::Key_Return)
-                            << true;
-        QTest::newRow("escape is cancel")
-            << 6 << okAnnuler << u"OK"_s << int(QMessageBox::Question) << int(Qt::Key_Escape) << false;
+        static const QString texte = u"Nom <b>B&B</b> refusé  !\nSeconde ligne"_s;
+        const auto demander = [](DialogueQt &d) { return d.demander(texte); };
+        const auto demanderNon = [](DialogueQt &d) { return d.demander(texte, {}, false); };
+        const auto confirmer = [](DialogueQt &d) { return d.confirmer(texte); };
+        const auto oui = [](auto dire) {
+            return [dire](DialogueQt &d) {
+                dire(d);
+                return true;
+            };
+        };
+        using B = QMessageBox;
+        lignesDuTest<CasBoite>(
+            {{"plain", oui([](DialogueQt &d) { d.afficher(texte, u"Titre  propre !"_s); }), B::NoIcon,
+              u"OK"_s, Qt::Key_Return, true},
+             {"warning", oui([](DialogueQt &d) { d.avertir(texte); }), B::Warning, u"OK"_s, Qt::Key_Escape,
+              true},
+             {"information", oui([](DialogueQt &d) { d.informer(texte); }), B::Information, u"OK"_s,
+              Qt::Key_Return, true},
+             {"critical", oui([](DialogueQt &d) { d.critique(texte); }), B::Critical, u"OK"_s, Qt::Key_Return,
+              true},
+             {"yes", demander, B::Question, u"&Oui|&Non"_s, Qt::Key_Return, true},
+             {"escape is no", demander, B::Question, u"&Oui|&Non"_s, Qt::Key_Escape, false},
+             {"no by default", demanderNon, B::Question, u"&Non|&Oui"_s, Qt::Key_Return, false},
+             {"ok", confirmer, B::Question, u"OK|Annuler"_s, Qt::Key_Return, true},
+             {"escape is cancel", confirmer, B::Question, u"OK|Annuler"_s, Qt::Key_Escape, false}});
     }
 
     void boites()
     {
-        QFETCH(int, genre);
-        QFETCH(QStringList, boutons);
-        QFETCH(QString, parDefaut);
-        QFETCH(int, icone);
-        QFETCH(int, touche);
-        QFETCH(bool, reponse);
-
-        const QString texte = u"Nom <b>B&B</b> refusé  !\nSeconde ligne"_s;
+        QFETCH(CasBoite, cas);
         QMainWindow principale;
         principale.show();
         bool vue = false;
-        quandOuvre<QMessageBox>(this, [&](QMessageBox *boite) {
+        quandOuvre<QMessageBox>([&](QMessageBox &boite) {
             vue = true;
-            auto fermer = qScopeGuard([&] { QTest::keyClick(boite, Qt::Key(touche)); });
-            QCOMPARE(boite->windowTitle(), genre == 0 ? u"Titre  propre !"_s : u"DAS KORVANDEL"_s);
-            QCOMPARE(boite->text(), texte);
-            QCOMPARE(boite->textFormat(), Qt::PlainText);
-            QCOMPARE(int(boite->icon()), icone);
-            QCOMPARE(boite->parentWidget(), &principale);
-            QStringList vus;
-            for (const auto *bouton : boite->buttons())
-                vus << bouton->text();
-            vus.sort();
-            boutons.sort();
-            QCOMPARE(vus, boutons);
-            QCOMPARE(boite->defaultButton()->text(), parDefaut);
+            const auto fermer = qScopeGuard([&] { QTest::keyClick(&boite, cas.touche); });
+            QCOMPARE(boite.windowTitle(),
+                     cas.icone == QMessageBox::NoIcon ? u"Titre  propre !"_s : u"DAS KORVANDEL"_s);
+            QCOMPARE(boite.text(), u"Nom <b>B&B</b> refusé  !\nSeconde ligne"_s);
+            QCOMPARE(boite.textFormat(), Qt::PlainText);
+            QCOMPARE(boite.icon(), cas.icone);
+            QCOMPARE(boite.parentWidget(), &principale);
+            QStringList vus{boite.defaultButton()->text()};
+            for (const auto *bouton : boite.buttons()) {
+                if (bouton != boite.defaultButton())
+                    vus << bouton->text();
+            }
+            QCOMPARE(vus.join(u'|'), cas.boutons);
         });
-
         DialogueQt dialogue;
-        bool obtenu = true;
-        switch (genre) {
-        case 0:
-            dialogue.afficher(texte, u"Titre  propre !"_s);
-            break;
-        case 1:
-            dialogue.avertir(texte);
-            break;
-        case 2:
-            dialogue.informer(texte);
-            break;
-        case 3:
-            dialogue.critique(texte);
-            break;
-        case 4:
-            obtenu = dialogue.demander(texte);
-            break;
-        case 5:
-            obtenu = dialogue.demander(texte, {}, false);
-            break;
-        case 6:
-            obtenu = dialogue.confirmer(texte);
-            break;
-        }
+        QCOMPARE(cas.montrer(dialogue), cas.reponse);
         QVERIFY(vue);
-        QCOMPARE(obtenu, reponse);
     }
 
-    void boiteTresLongue()
+    /// A long text scrolls above its button, and a long title has its room.
+    void taillesDesBoites()
     {
-        QString texte;
-        for (int i = 0; i < 500; ++i)
-            texte += QStringLiteral("Ligne N°: %1  -  N° SS: 000000000000\n").arg(i);
+        const QString titre(24, u'W');
         QRect cadre;
         bool boutonVu = false;
-        quandOuvre<QMessageBox>(this, [&](QMessageBox *boite) {
-            cadre = boite->frameGeometry();
-            const auto *bouton = boite->button(QMessageBox::Ok);
-            boutonVu = boite->rect().contains(bouton->geometry().translated(bouton->parentWidget()->pos()));
-            boite->accept();
-        });
-        DialogueQt().avertir(texte);
+        const auto mesurer = [&](QMessageBox &boite) {
+            cadre = boite.frameGeometry();
+            const auto *bouton = boite.button(QMessageBox::Ok);
+            boutonVu = boite.rect().contains(bouton->geometry().translated(bouton->parentWidget()->pos()));
+            boite.accept();
+        };
+        quandOuvre<QMessageBox>(mesurer);
+        DialogueQt().avertir(u"Ligne N°: 1  -  N° SS: 000000000000\n"_s.repeated(500));
         QVERIFY(cadre.height() <= qApp->primaryScreen()->availableGeometry().height());
         QVERIFY(boutonVu);
+        quandOuvre<QMessageBox>(mesurer);
+        DialogueQt().avertir(u"."_s, titre);
+        // With the buttons of the frame.
+        const int large = QFontMetrics(QApplication::font("QMessageBox")).horizontalAdvance(titre);
+        QVERIFY2(cadre.width() > large + 140 && cadre.width() < 3 * large / 2 + 140,
+                 qPrintable(QString::number(cadre.width()) + u'/' + QString::number(large)));
     }
 
     void choixDUnFichier()
@@ -325,31 +253,32 @@ private slots:
         const QString chemin = dossier.filePath(u"a/DAS.txt"_s);
         QFile fichier(chemin);
         QVERIFY(fichier.open(QIODevice::WriteOnly));
-        fichier.close();
+        const QString filtre = u"Fichiers texte (*.txt)"_s;
+        const auto entrer = [](QFileDialog &choix, const QString &nom) {
+            choix.findChild<QLineEdit *>()->setText(nom);
+            QTest::keyClick(choix.findChild<QLineEdit *>(), Qt::Key_Return);
+        };
 
         DialogueQt dialogue;
-        quandOuvre<QFileDialog>(this, [&](QFileDialog *choix) {
-            QCOMPARE(choix->windowTitle(), u"Choisir"_s);
-            choix->findChild<QLineEdit *>()->setText(chemin);
-            QTest::keyClick(choix->findChild<QLineEdit *>(), Qt::Key_Return);
+        quandOuvre<QFileDialog>([&](QFileDialog &choix) {
+            QCOMPARE(choix.windowTitle(), u"Choisir"_s);
+            entrer(choix, chemin);
         });
-        QCOMPARE(dialogue.choisirFichier(u"Choisir"_s, u"Fichiers texte (*.txt)"_s), chemin);
+        QCOMPARE(dialogue.choisirFichier(u"Choisir"_s, filtre), chemin);
 
         QString rouvert;
-        quandOuvre<QFileDialog>(this, [&](QFileDialog *choix) {
-            rouvert = choix->directory().absolutePath();
-            choix->reject();
+        quandOuvre<QFileDialog>([&](QFileDialog &choix) {
+            rouvert = choix.directory().absolutePath();
+            choix.reject();
         });
-        QCOMPARE(dialogue.choisirFichier(u"Choisir"_s, u"Fichiers texte (*.txt)"_s), QString());
+        QCOMPARE(dialogue.choisirFichier(u"Choisir"_s, filtre), QString());
         QCOMPARE(rouvert, dossier.filePath(u"a"_s)); // the folder of the last choice
 
-        quandOuvre<QFileDialog>(this, [&](QFileDialog *choix) {
-            QCOMPARE(choix->findChild<QLineEdit *>()->text(), u"12345678_DAS_2024.txt"_s);
-            choix->findChild<QLineEdit *>()->setText(dossier.filePath(u"export"_s));
-            QTest::keyClick(choix->findChild<QLineEdit *>(), Qt::Key_Return);
+        quandOuvre<QFileDialog>([&](QFileDialog &choix) {
+            QCOMPARE(choix.findChild<QLineEdit *>()->text(), u"12345678_DAS_2024.txt"_s);
+            entrer(choix, dossier.filePath(u"export"_s));
         });
-        QCOMPARE(dialogue.choisirDestination(u"Exporter"_s, u"12345678_DAS_2024.txt"_s,
-                                             u"Fichiers texte (*.txt)"_s),
+        QCOMPARE(dialogue.choisirDestination(u"Exporter"_s, u"12345678_DAS_2024.txt"_s, filtre),
                  dossier.filePath(u"export.txt"_s));
     }
 
@@ -361,7 +290,7 @@ private slots:
         imprimante.setOutputFormat(QPrinter::PdfFormat);
         QPrintDialog impression(&imprimante);
         QMdiSubWindow fille;
-        const QStringList tous = textes(&fichiers) + textes(&impression) + textes(&fille);
+        const QStringList tous = textesMontres(fichiers) + textesMontres(impression) + textesMontres(fille);
         for (const QString &attendu :
              {u"Annuler"_s, u"Nom"_s, u"Taille"_s, u"Dernière modification"_s, u"Im&primer"_s, u"&Fermer"_s})
             QVERIFY2(tous.contains(attendu), qPrintable(attendu + u" is not in: "_s + tous.join(u" | "_s)));
@@ -415,18 +344,15 @@ private slots:
 
     void geometries()
     {
-        {
+        reglages().clear();
+        for (const bool gardee : {false, true}) {
             QWidget fenetre;
             fenetre.setObjectName(u"essai"_s);
-            QVERIFY(!reprendreGeometrie(fenetre));
+            QCOMPARE(reprendreGeometrie(fenetre), gardee);
+            QCOMPARE(fenetre.size() == QSize(333, 222), gardee);
             fenetre.setGeometry(30, 40, 333, 222);
             garderGeometrie(fenetre);
         }
-        QWidget fenetre;
-        fenetre.setObjectName(u"essai"_s);
-        QVERIFY(reprendreGeometrie(fenetre));
-        QCOMPARE(fenetre.size(), QSize(333, 222));
-        reglages().remove(u"fenetres/essai"_s);
     }
 };
 
