@@ -1,26 +1,17 @@
-#include "rules/calendrier.h"
 #include "screens/etatsfenetres.h"
 #include "screens/fenetresaisie.h"
 #include "screens/fenetretable.h"
 #include "screens/focus.h"
-#include "storage/base.h"
-#include "storage/demarrage.h"
 #include "storage/resultat.h"
-#include "tests/commun/dialoguescenario.h"
-#include "tests/commun/menutemoin.h"
+#include "tests/screens/banc.h"
+#include "tests/storage/baseessai.h"
 
-#include <QHeaderView>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QVBoxLayout>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
+using namespace boites;
 
 namespace {
 
@@ -56,40 +47,26 @@ class TestGrille : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_foyer;
-    std::unique_ptr<Base> m_base;
-    DialogueScenario m_dialogue;
-    DernierRecours m_recours{m_dialogue, [] {}};
-    MenuTemoin m_menu;
-    BornesDePeriode m_bornes;
-    QByteArray m_foyerDAvant = qgetenv("HOME");
+    std::unique_ptr<BancSur<BaseEssai>> m_banc;
 
-    Contexte contexte() { return {*m_base, m_dialogue, m_recours, m_bornes, m_menu}; }
+    Recordset &employeurs() { return m_banc->base.RsEmployeur; }
 
     void employeur(const QString &numero, const QString &nom)
     {
-        m_base->RsEmployeur.ajouter({{u"num_emp"_s, numero}, {u"rais_soc"_s, nom}});
+        employeurs().ajouter({{u"num_emp"_s, numero}, {u"rais_soc"_s, nom}});
     }
 
-    static QString numeroCourant(const Grille &grille)
+    std::unique_ptr<Fenetre> ouvrir(const QString &nom = u"Frm_essai"_s)
     {
-        return grille.currentIndex().siblingAtColumn(0).data().toString();
+        return m_banc->ouvrir(new Fenetre(m_banc->contexte, nom));
     }
 
     /// The selected row must be the current one of the grid and of the recordset.
-    bool unSeulCourant(const Grille &grille) const
+    bool unSeulCourant(const Grille &grille)
     {
         const QModelIndexList choisies = grille.selectionModel()->selectedRows();
         return choisies.size() == 1 && choisies.first().row() == grille.currentIndex().row() &&
-               grille.currentIndex().row() == m_base->RsEmployeur.ligneCourante();
-    }
-
-    static void cliquerTete(Grille &grille, int place)
-    {
-        QHeaderView *tete = grille.horizontalHeader();
-        const int section = tete->logicalIndex(place);
-        QTest::mouseClick(tete->viewport(), Qt::LeftButton, {},
-                          {tete->sectionViewportPosition(section) + 10, tete->height() / 2});
+               grille.currentIndex().row() == employeurs().ligneCourante();
     }
 
     static QPoint milieuLigne(const Grille &grille, int ligne)
@@ -100,65 +77,56 @@ class TestGrille : public QObject
 private slots:
     void init()
     {
-        m_foyer = std::make_unique<QTemporaryDir>();
-        qputenv("HOME", m_foyer->path().toUtf8());
         reglages().clear();
-        m_base = std::make_unique<Base>();
-        demarrer(*m_base, m_dialogue);
+        m_banc = std::make_unique<BancSur<BaseEssai>>();
         employeur(u"00000002"_s, u"Charpentes du Sud"_s);
         employeur(u"00000003"_s, u"Atelier"_s);
         employeur(u"00000001"_s, u"Bâtir"_s);
     }
 
-    void cleanup()
-    {
-        m_base.reset();
-        qputenv("HOME", m_foyerDAvant);
-        QVERIFY(m_dialogue.acheve());
-    }
+    void cleanup() { QVERIFY(m_banc->dialogue.acheve()); }
 
     void colonnesChoisies()
     {
-        Contexte c = contexte();
-        Fenetre fenetre(c);
-        fenetre.show();
-        const QHeaderView *tete = fenetre.grille->horizontalHeader();
+        const auto fenetre = ouvrir();
+        const QHeaderView *tete = fenetre->grille->horizontalHeader();
         const auto titres = [&] {
-            QStringList vus;
+            QString vus;
             for (int place = 0; place < tete->count(); ++place) {
                 const int section = tete->logicalIndex(place);
                 if (!tete->isSectionHidden(section))
-                    vus += tete->model()->headerData(section, Qt::Horizontal).toString();
+                    vus += tete->model()->headerData(section, Qt::Horizontal).toString() + u'|';
             }
             return vus;
         };
-        const QStringList attendus{u"Raison sociale"_s, u"N° employeur"_s};
+        const QString attendus = u"Raison sociale|N° employeur|"_s;
         QCOMPARE(titres(), attendus);
-        m_base->RsEmployeur.ouvrir(commencePar(u"rais_soc"_s, u"b"));
+        employeurs().ouvrir(commencePar(u"rais_soc"_s, u"b"));
         QCOMPARE(titres(), attendus);
-        QVERIFY(unSeulCourant(*fenetre.grille));
-        m_base->RsEmployeur.fermer();
-        m_base->RsEmployeur.ouvrir();
+        QVERIFY(unSeulCourant(*fenetre->grille));
+        employeurs().fermer();
+        employeurs().ouvrir();
         QCOMPARE(titres(), attendus);
+        employeurs().fermer();
+        QVERIFY_THROWS_EXCEPTION(ErreurBase, Fenetre(m_banc->contexte));
     }
 
     void ligneCourante()
     {
-        Contexte c = contexte();
-        Fenetre fenetre(c);
-        fenetre.show();
-        Grille &grille = *fenetre.grille;
-        Recordset &employeurs = m_base->RsEmployeur;
+        const auto fenetre = ouvrir();
+        Grille &grille = *fenetre->grille;
         QVERIFY(unSeulCourant(grille));
+        QCOMPARE(grille.currentIndex().column(), 1); // the first that is seen
 
-        QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 1));
-        QCOMPARE(numeroCourant(grille), u"00000003"_s);
-        QVERIFY(unSeulCourant(grille));
         // Held keys, drags and clicks beside the rows leave a row selected.
-        QTest::mouseClick(grille.viewport(), Qt::LeftButton, Qt::ControlModifier, milieuLigne(grille, 1));
-        QVERIFY(unSeulCourant(grille));
-        QTest::mouseClick(grille.viewport(), Qt::LeftButton, Qt::ShiftModifier, milieuLigne(grille, 0));
-        QVERIFY(unSeulCourant(grille));
+        const auto cliquerLigne = [&](int ligne, Qt::KeyboardModifiers avec = {}) {
+            QTest::mouseClick(grille.viewport(), Qt::LeftButton, avec, milieuLigne(grille, ligne));
+            QVERIFY(unSeulCourant(grille));
+        };
+        cliquerLigne(1);
+        QCOMPARE(courante(grille), u"00000003"_s);
+        cliquerLigne(1, Qt::ControlModifier);
+        cliquerLigne(0, Qt::ShiftModifier);
         QTest::mousePress(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 0));
         QTest::mouseMove(grille.viewport(), milieuLigne(grille, 2));
         QTest::mouseRelease(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 2));
@@ -167,151 +135,131 @@ private slots:
         QVERIFY(unSeulCourant(grille));
 
         QTest::keyClick(&grille, Qt::Key_Home);
-        QCOMPARE(numeroCourant(grille), u"00000002"_s);
+        QCOMPARE(courante(grille), u"00000002"_s);
         QTest::keyClick(&grille, Qt::Key_Down);
         QTest::keyClick(&grille, Qt::Key_Down);
-        QCOMPARE(numeroCourant(grille), u"00000001"_s);
+        QCOMPARE(courante(grille), u"00000001"_s);
         QVERIFY(unSeulCourant(grille));
 
-        employeurs.allerA(1);
+        employeurs().allerA(1);
         QVERIFY(unSeulCourant(grille));
-        employeurs.trier(u"num_emp"_s);
-        QCOMPARE(numeroCourant(grille), u"00000003"_s);
+        employeurs().trier(u"num_emp"_s);
+        QCOMPARE(courante(grille), u"00000003"_s);
         QVERIFY(unSeulCourant(grille));
         employeur(u"00000009"_s, u"Zinc"_s);
-        QCOMPARE(numeroCourant(grille), u"00000009"_s);
+        QCOMPARE(courante(grille), u"00000009"_s);
         QVERIFY(unSeulCourant(grille));
         QTest::keyClick(&grille, Qt::Key_Delete);
-        QCOMPARE(employeurs.nombre(), 3);
+        QCOMPARE(employeurs().nombre(), 3);
         QVERIFY(unSeulCourant(grille));
-        employeurs.allerA(0);
-        employeurs.supprimer(employeurs.courant());
+        employeurs().allerA(0);
+        employeurs().supprimer(employeurs().courant());
         QVERIFY(unSeulCourant(grille));
-        employeurs.requery();
+        employeurs().requery();
         QVERIFY(unSeulCourant(grille));
     }
 
     void tri()
     {
-        Contexte c = contexte();
-        Fenetre fenetre(c);
-        fenetre.show();
-        Grille &grille = *fenetre.grille;
+        const auto fenetre = ouvrir();
+        Grille &grille = *fenetre->grille;
         const QHeaderView *tete = grille.horizontalHeader();
         QVERIFY(!tete->isSortIndicatorShown());
         QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 2));
 
-        const auto premier = [&] { return grille.model()->index(0, 1).data().toString(); };
+        // The arrow in the head, and the row that comes first.
+        const auto vu = [&] {
+            return u"%1 %2 %3"_s.arg(tete->sortIndicatorSection())
+                .arg(tete->sortIndicatorOrder() == Qt::AscendingOrder ? u"+"_s : u"-"_s)
+                .arg(grille.model()->index(0, 1).data().toString());
+        };
         cliquerTete(grille, 0);
-        QCOMPARE(premier(), u"Atelier"_s);
-        QVERIFY(tete->isSortIndicatorShown());
-        QCOMPARE(tete->sortIndicatorSection(), 1);
-        QCOMPARE(tete->sortIndicatorOrder(), Qt::AscendingOrder);
+        QCOMPARE(vu(), u"1 + Atelier"_s);
         cliquerTete(grille, 0);
-        QCOMPARE(premier(), u"Charpentes du Sud"_s);
-        QCOMPARE(tete->sortIndicatorOrder(), Qt::DescendingOrder);
+        QCOMPARE(vu(), u"1 - Charpentes du Sud"_s);
         cliquerTete(grille, 1);
-        QCOMPARE(premier(), u"Bâtir"_s);
-        QCOMPARE(tete->sortIndicatorSection(), 0);
-        QCOMPARE(tete->sortIndicatorOrder(), Qt::AscendingOrder);
+        QCOMPARE(vu(), u"0 + Bâtir"_s);
         // The row stays the current one through all of it.
-        QCOMPARE(numeroCourant(grille), u"00000001"_s);
+        QCOMPARE(courante(grille), u"00000001"_s);
         QVERIFY(unSeulCourant(grille));
 
         // A refusal of the database is told, and the order stays.
-        m_base->Cnx.fermer();
-        m_dialogue.attendreCritique(u"La base de données n'est pas ouverte."_s);
+        m_banc->base.Cnx.fermer();
+        m_banc->dialogue.attendre({critique(u"La base de données n'est pas ouverte."_s)});
         cliquerTete(grille, 1);
-        QCOMPARE(tete->sortIndicatorOrder(), Qt::AscendingOrder);
+        QCOMPARE(vu().left(3), u"0 +"_s);
     }
 
     void touchesEtBoutons()
     {
-        Contexte c = contexte();
-        Fenetre fenetre(c);
-        fenetre.show();
-        Grille &grille = *fenetre.grille;
+        const auto fenetre = ouvrir();
+        Grille &grille = *fenetre->grille;
         QTest::keyClick(&grille, Qt::Key_Return);
         QTest::keyClick(&grille, Qt::Key_Enter);
         QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 1));
         QTest::mouseDClick(grille.viewport(), Qt::LeftButton, {}, milieuLigne(grille, 1));
-        QCOMPARE(fenetre.modifications, 3);
+        QCOMPARE(fenetre->modifications, 3);
         QTest::mouseDClick(grille.viewport(), Qt::LeftButton, {}, {5, grille.viewport()->height() - 5});
-        QCOMPARE(fenetre.modifications, 3);
+        QCOMPARE(fenetre->modifications, 3);
 
+        const auto actifs = [&] { return fenetre->modifier->isEnabled() + fenetre->supprimer->isEnabled(); };
         for (int reste = 3; reste > 0; --reste) {
-            QVERIFY(fenetre.modifier->isEnabled() && fenetre.supprimer->isEnabled());
+            QCOMPARE(actifs(), 2);
             QTest::keyClick(&grille, Qt::Key_Delete);
-            QCOMPARE(m_base->RsEmployeur.nombre(), reste - 1);
+            QCOMPARE(employeurs().nombre(), reste - 1);
         }
-        QVERIFY(!fenetre.modifier->isEnabled() && !fenetre.supprimer->isEnabled());
+        QCOMPARE(actifs(), 0);
         for (const Qt::Key touche : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Home, Qt::Key_End, Qt::Key_Down})
             QTest::keyClick(&grille, touche);
-        QCOMPARE(fenetre.modifications, 3);
+        QCOMPARE(fenetre->modifications, 3);
         employeur(u"00000007"_s, u"Neuf"_s);
-        QVERIFY(fenetre.modifier->isEnabled() && fenetre.supprimer->isEnabled());
+        QCOMPARE(actifs(), 2);
         QVERIFY(unSeulCourant(grille));
-    }
-
-    void tableFermee()
-    {
-        m_base->RsEmployeur.fermer();
-        Contexte c = contexte();
-        QVERIFY_THROWS_EXCEPTION(ErreurBase, Fenetre(c, u"Frm_essai"_s));
     }
 
     void largeurs()
     {
-        Contexte c = contexte();
-        const auto largeur = [](const Fenetre &fenetre) { return fenetre.grille->columnWidth(1); };
         int propre = 0;
         {
-            Fenetre fenetre(c);
-            fenetre.show();
-            propre = largeur(fenetre);
-            const auto texte = fenetre.grille->fontMetrics().horizontalAdvance(u"Charpentes du Sud"_s);
+            const auto fenetre = ouvrir();
+            Grille &grille = *fenetre->grille;
+            propre = grille.columnWidth(1);
+            const auto texte = grille.fontMetrics().horizontalAdvance(u"Charpentes du Sud"_s);
             QVERIFY(propre > texte && propre < 2 * texte);
             // The last column fills the grid.
-            QCOMPARE(propre + fenetre.grille->columnWidth(0), fenetre.grille->viewport()->width());
+            QCOMPARE(propre + grille.columnWidth(0), grille.viewport()->width());
 
-            QHeaderView *tete = fenetre.grille->horizontalHeader();
+            QHeaderView *tete = grille.horizontalHeader();
             const QPoint bord(tete->sectionViewportPosition(1) + propre - 1, tete->height() / 2);
             QTest::mousePress(tete->viewport(), Qt::LeftButton, {}, bord);
             QTest::mouseMove(tete->viewport(), bord + QPoint(20, 0));
             QTest::mouseMove(tete->viewport(), bord + QPoint(57, 0));
             QTest::mouseRelease(tete->viewport(), Qt::LeftButton, {}, bord + QPoint(57, 0));
-            QCOMPARE(largeur(fenetre), propre + 57);
-            fenetre.close();
+            QCOMPARE(grille.columnWidth(1), propre + 57);
+            fenetre->close();
         }
-        Fenetre encore(c);
-        encore.show();
-        QCOMPARE(largeur(encore), propre + 57);
-        Fenetre autre(c, u"Frm_autre"_s);
-        autre.show();
-        QCOMPARE(largeur(autre), propre);
+        QCOMPARE(ouvrir()->grille->columnWidth(1), propre + 57);
+        QCOMPARE(ouvrir(u"Frm_autre"_s)->grille->columnWidth(1), propre);
     }
 
-    void deuxCentMilleLignes()
+    /// In a list longer than the grid the current row is in sight, wherever a key or another order puts it.
+    void courantePresente()
     {
-        {
-            Transaction transaction(m_base->Cnx);
-            m_base->Cnx.executer(
-                u"WITH RECURSIVE n(i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < 200099) "
-                "INSERT INTO employeur (num_emp, rais_soc) SELECT printf('%08d', i), 'Entreprise ' || i FROM n"_s);
-            transaction.commit();
-        }
-        Contexte c = contexte();
-        Fenetre fenetre(c);
-        fenetre.show();
-        Grille &grille = *fenetre.grille;
-        QCOMPARE(grille.model()->rowCount(), 200003);
+        for (int i = 0; i < 200; ++i)
+            employeur(u"1%1"_s.arg(i, 7, 10, QChar(u'0')), u"Entreprise"_s);
+        employeurs().allerA(0);
+        const auto fenetre = ouvrir();
+        Grille &grille = *fenetre->grille;
+        const auto presente = [&] {
+            return grille.viewport()->rect().contains(grille.visualRect(grille.currentIndex()));
+        };
         QTest::keyClick(&grille, Qt::Key_End);
-        QCOMPARE(numeroCourant(grille), u"00200099"_s);
-        QVERIFY(grille.viewport()->rect().contains(grille.visualRect(grille.currentIndex())));
+        QCOMPARE(courante(grille), u"10000199"_s);
+        QVERIFY(presente());
         cliquerTete(grille, 1);
         cliquerTete(grille, 1);
         QCOMPARE(grille.currentIndex().row(), 0);
-        QVERIFY(grille.viewport()->rect().contains(grille.visualRect(grille.currentIndex())));
+        QVERIFY(presente());
     }
 
     void sortieDeChamp()
@@ -328,12 +276,12 @@ private slots:
         QWidget autre;
         new QLineEdit(&autre);
         ecran.show();
-        QVERIFY(QTest::qWaitForWindowActive(&ecran));
+        Banc::activer(ecran);
 
         int sorties = 0;
         int sortiesSuivant = 0;
-        surSortie(*suivant, m_recours, [&] { ++sortiesSuivant; });
-        surSortie(*champ, m_recours, [&] {
+        surSortie(*suivant, m_banc->recours, [&] { ++sortiesSuivant; });
+        surSortie(*champ, m_banc->recours, [&] {
             ++sorties;
             if (champ->text() == u"faux")
                 reprendreSaisie(*champ);
@@ -366,13 +314,11 @@ private slots:
         // Neither another window nor the closing button.
         champ->setFocus();
         autre.show();
-        autre.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&autre));
-        ecran.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&ecran));
+        Banc::activer(autre);
+        Banc::activer(ecran);
         QCOMPARE(sorties, 4);
         champ->setText(u"panne"_s);
-        m_dialogue.attendreCritique(u"panne"_s);
+        m_banc->dialogue.attendre({critique(u"panne"_s)});
         QTest::keyClick(champ, Qt::Key_Tab);
         QCOMPARE(sorties, 5);
         champ->setFocus();
@@ -387,11 +333,11 @@ private slots:
         employeur(u"12345678"_s, u"Zorn"_s);
         employeur(u"87654321"_s, u"Abel"_s);
         for (const QString &numero : {u"12345678"_s, u"87654321"_s})
-            m_base->Cnx.inserer(u"Entete_CI"_s, {{u"N_Identifiant"_s, QString(numero + u"01"_s)},
-                                                 {u"N_employeur"_s, numero},
-                                                 {u"date_arret"_s, QDate(2024, 2, 9)},
-                                                 {u"sum_calc"_s, Currency::deTexte(u"1234567.5")}});
-        Resultat resultat(m_base->Cnx,
+            m_banc->base.Cnx.inserer(u"Entete_CI"_s, {{u"N_Identifiant"_s, QString(numero + u"01"_s)},
+                                                      {u"N_employeur"_s, numero},
+                                                      {u"date_arret"_s, QDate(2024, 2, 9)},
+                                                      {u"sum_calc"_s, Currency::deTexte(u"1234567.5")}});
+        Resultat resultat(m_banc->base.Cnx,
                           {{u"numero"_s, u"e.num_emp"_s},
                            {u"nom"_s, u"e.rais_soc"_s},
                            {u"arret"_s, u"c.date_arret"_s, Genre::Jour},
@@ -402,7 +348,7 @@ private slots:
         resultat.ouvrir(depuis, {}, u"e.rais_soc"_s);
         QWidget ecran;
         Grille grille(&ecran);
-        grille.lier(resultat, {{u"nom"_s, u"Nom"_s}, {u"somme"_s, u"Cumul"_s}}, m_recours);
+        grille.lier(resultat, {{u"nom"_s, u"Nom"_s}, {u"somme"_s, u"Cumul"_s}}, m_banc->recours);
         const auto ligne = [&](int rang) {
             QStringList textes;
             for (int colonne = 0; colonne < 5; ++colonne)
@@ -417,7 +363,7 @@ private slots:
         resultat.trier(u"nom"_s, Qt::DescendingOrder);
         QCOMPARE(ligne(0), u"12345678|Zorn|09/02/2024|1 234 567.50|"_s);
         QCOMPARE(resultat.ligneCourante(), 1);
-        m_base->Cnx.executer(u"DELETE FROM employeur WHERE num_emp = '12345678'"_s);
+        m_banc->base.Cnx.executer(u"DELETE FROM employeur WHERE num_emp = '12345678'"_s);
         resultat.requery();
         QCOMPARE(grille.currentIndex().row(), 0);
         QCOMPARE(resultat.ligne(0).texte(u"numero"), u"87654321"_s);
