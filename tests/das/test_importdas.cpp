@@ -178,7 +178,9 @@ private slots:
         for (const auto &[textes, echec] :
              {Cas({{74, "          "}}, pasUneDate), Cas({{74, "31/02/1988"}}, u"« 31/02/1988 »"_s),
               Cas({{1, "990000000000"}, {74, "04-03-1988"}}, u"« 04-03-1988 »"_s),
-              Cas({{326, "   600.000,5"}}, u"« 600.000,5 »"_s), Cas({{341, "     "}}, pasUnNombre)})
+              Cas({{326, "   600.000,5"}},
+                  u"« 600.000,5 » n'est pas un nombre.\nChamp sal_annuel, colonnes 326 à 340."_s),
+              Cas({{341, "     "}}, pasUnNombre)})
             refuser(une + ligne(textes), u"Ligne 4 : "_s + echec);
         for (const auto &[longueur, echec] : {std::pair(40, pasUneDate), {90, pasUnNombre}})
             refuser(une + ligne().left(longueur) + "\r\n", u"Ligne 4 : "_s + echec);
