@@ -246,7 +246,7 @@ private slots:
         for (const auto &[bouton, formulaire] : {std::pair(u"Cmdprint"_s, u"DataReport1"_s),
                                                  {u"CmdPrintLn"_s, u"DataReport3"_s},
                                                  {u"CmdCD"_s, u"DataReport2"_s}}) {
-            dansLaFenetre([&](QWidget &apercu) { QCOMPARE(apercu.objectName(), formulaire); });
+            dansLaFenetre([&nom = formulaire](QWidget &apercu) { QCOMPARE(apercu.objectName(), nom); });
             cliquer(*entetes, bouton);
         }
     }
