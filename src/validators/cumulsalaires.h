@@ -13,8 +13,8 @@ public:
 
     double valeur() const
     {
-        const auto entier = static_cast<double>(m_centiemes / 100);
-        return entier + static_cast<double>(m_centiemes % 100) / 100 + m_debordement;
+        const qint64 entier = m_centiemes / 100;
+        return static_cast<double>(entier) + static_cast<double>(m_centiemes % 100) / 100 + m_debordement;
     }
 
 private:
