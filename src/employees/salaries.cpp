@@ -25,6 +25,32 @@ void montrerTousSalaries(Recordset &salaries)
     }
 }
 
+int trouverSalarie(Connexion &cnx, const Recordset &salaries, QStringView texte)
+{
+    const auto trouver = [&](const Condition &condition, const QString &ordre) {
+        const Enregistrement premier =
+            cnx.premiere(u"SELECT Num_Salarie, cpt_z FROM salarie WHERE %1 ORDER BY %2 LIMIT 1"_s.arg(
+                             condition.sql, ordre),
+                         condition.valeurs);
+        if (premier.estVide())
+            return -1;
+        return salaries.chercher({{u"Num_Salarie"_s, Valeur::brute(premier.valeur(0))},
+                                  {u"cpt_z"_s, Valeur::brute(premier.valeur(1))}});
+    };
+    if (chiffresSeuls(texte))
+        return trouver(commencePar(u"Num_Salarie"_s, texte), u"Num_Salarie, cpt_z"_s);
+    const QString parNom = u"nom, prenom, date_naiss, rowid"_s;
+    int ligne = trouver(commencePar(u"nom"_s, texte), parNom);
+    // Names have blanks too: each one may be that in front of the first name.
+    for (qsizetype blanc = texte.indexOf(u' '); ligne < 0 && blanc >= 0;
+         blanc = texte.indexOf(u' ', blanc + 1)) {
+        const Condition nom{u"nom = ?"_s, {texte.first(blanc)}};
+        const QStringView prenom = texte.sliced(blanc + 1);
+        ligne = trouver(prenom.isEmpty() ? nom : nom && commencePar(u"prenom"_s, prenom), parNom);
+    }
+    return ligne;
+}
+
 QString nationaliteSalarie(Connexion &cnx, QStringView numero)
 {
     const Enregistrement premiere = cnx.premiere(

@@ -16,6 +16,10 @@ bool chercherSalaries(Recordset &salaries, CritereSalarie critere, QStringView t
 /// Shows the whole table again, in its own order; the current row stays where it can.
 void montrerTousSalaries(Recordset &salaries);
 
+/// The first employee whose number, for a text of digits, or name begins with the text; a first name may
+/// follow behind a blank. @return his place in the list, -1 without one
+int trouverSalarie(Connexion &cnx, const Recordset &salaries, QStringView texte);
+
 /// The nationality of the employee of that number; empty when none is known. All employees without a number
 /// show that of the first of them: that is required.
 QString nationaliteSalarie(Connexion &cnx, QStringView numero);
