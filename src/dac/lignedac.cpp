@@ -1,5 +1,7 @@
 #include "dac/lignedac.h"
 
+#include "declarations/declaration.h"
+#include "declarations/lignes.h"
 #include "rules/calendrier.h"
 #include "rules/dialogue.h"
 #include "rules/erreurs.h"
@@ -171,6 +173,29 @@ private:
     qint64 m_limite = 0; ///< hours
 };
 
+/// What the fields say; the employee is not among them. @param fiche checked
+Champs champsDe(const FicheLigneDac &fiche)
+{
+    return {{u"Assiette"_s, LireMontant(fiche.TxtAssiette)},
+            {u"NBJT"_s, lireEntier(fiche.TxtNbJT)},
+            {u"Type_Nbjt"_s, fiche.CmbDT == Heures ? u"H"_s : u"J"_s},
+            {u"Type_ES"_s, fiche.CmbES == Sortie ? u"S"_s : u"E"_s},
+            {u"Date_ES"_s, lireDate(fiche.MskDateES)}};
+}
+
+QString periodeDe(const LignesDeclaration &lignes) { return lignes.cle().texte(u"Periode"); }
+
+/// Whether the employee has a line in another declaration of the employer for the period.
+bool dansUneAutre(const LignesDeclaration &lignes, const FicheLigneDac &fiche)
+{
+    const CleDeclaration &cle = lignes.cle();
+    return lignes.base().Cnx.existe(u"SELECT 1 FROM Ligne_Dac WHERE NumSalarie = ? AND cpt_z = ? AND "
+                                    u"NumEmployeur = ? AND Periode = ? AND "
+                                    "Type_dac <> ?"_s,
+                                    {fiche.Num_Salarie, fiche.cpt_z, cle.texte(u"NumEmployeur"),
+                                     cle.texte(u"Periode"), cle.entier(u"Type_Dac")});
+}
+
 } // namespace
 
 const TextesLigneDac &textesAjoutDac()
@@ -205,4 +230,56 @@ std::optional<RefusLigneDac> CtrlLigneDac(const FicheLigneDac &fiche, const Text
 {
     BornesPeriode(periode, bornes);
     return Controle(fiche, textes, periode, bornes, dialogue).passer();
+}
+
+std::optional<RefusLigneDac> ajouterLigneDac(LignesDeclaration &lignes, const FicheLigneDac &fiche,
+                                             BornesDePeriode &bornes, Dialogue &dialogue)
+{
+    if (auto refus = CtrlLigneDac(fiche, textesAjoutDac(), periodeDe(lignes), bornes, dialogue))
+        return refus;
+    if (dansUneAutre(lignes, fiche) &&
+        !dialogue.demander(u"Ce salarié existe dans une autre déclaration pour le même employeur et pour la "
+                           "même période, voulez vous l'enregistrer dans cette DAC complémentaire ?"_s))
+        return RefusLigneDac{};
+    lignes.ajouter(Champs{{u"NumSalarie"_s, fiche.Num_Salarie}, {u"cpt_z"_s, fiche.cpt_z}} + champsDe(fiche));
+    return {};
+}
+
+std::optional<RefusLigneDac> modifierLigneDac(LignesDeclaration &lignes, const Enregistrement &lue,
+                                              const FicheLigneDac &fiche, BornesDePeriode &bornes,
+                                              Dialogue &dialogue)
+{
+    if (!dialogue.demander(u"êtes vous de vouloir effectuer cette modification ?"_s))
+        return RefusLigneDac{};
+    if (auto refus = CtrlLigneDac(fiche, textesModificationDac(), periodeDe(lignes), bornes, dialogue))
+        return refus;
+    lignes.modifier(lue, champsDe(fiche));
+    return {};
+}
+
+FicheLigneDac remplirFicheLigneDac(const Enregistrement &ligne)
+{
+    const auto choix = [&](QStringView colonne, QStringView premier, QStringView second) {
+        const QString lettre = ligne.texte(colonne);
+        return lettre == premier ? 0 : lettre == second ? 1 : -1;
+    };
+    FicheLigneDac fiche{.Num_Salarie = ligne.texte(u"NumSalarie"),
+                        .cpt_z = ligne.entier(u"cpt_z"),
+                        .CmbES = choix(u"Type_ES", u"E", u"S"),
+                        .CmbDT = choix(u"Type_Nbjt", u"J", u"H")};
+    if (!ligne.estNul(u"Date_ES"))
+        fiche.MskDateES = texteDate(ligne.date(u"Date_ES"));
+    if (!ligne.estNul(u"Assiette"))
+        fiche.TxtAssiette = ligne.montant(u"Assiette").texte();
+    if (!ligne.estNul(u"NBJT"))
+        fiche.TxtNbJT = QString::number(ligne.entier(u"NBJT"));
+    return fiche;
+}
+
+bool ctrlSansLigne(const LignesDeclaration &lignes, const QString &numero, qint64 cpt_z, Dialogue &dialogue)
+{
+    if (!lignes.contient(numero, cpt_z))
+        return true;
+    dialogue.avertir(u"Vous avez déja créer une ligne pour ce salarié, ajout impossible !"_s);
+    return false;
 }

@@ -7,6 +7,8 @@
 #include <optional>
 
 class Dialogue;
+class Enregistrement;
+class LignesDeclaration;
 struct BornesDePeriode;
 
 /// The fields of a line as its two screens hold them.
@@ -20,9 +22,9 @@ struct FicheLigneDac
     int CmbES = -1; ///< Entree, Sortie
     int CmbDT = -1; ///< Jours, Heures
 
-    QString MskDateES;
-    QString TxtAssiette;
-    QString TxtNbJT;
+    QString MskDateES = DateBlanche.toString();
+    QString TxtAssiette = {};
+    QString TxtNbJT = {};
 };
 
 inline constexpr int Entree = 0;
@@ -57,3 +59,20 @@ struct RefusLigneDac
 std::optional<RefusLigneDac> CtrlLigneDac(const FicheLigneDac &fiche, const TextesLigneDac &textes,
                                           const QString &periode, BornesDePeriode &bornes,
                                           Dialogue &dialogue);
+
+/// Checks and adds a line; one in another declaration of the employer for the period is asked about.
+/// @return why nothing was written, or nothing
+std::optional<RefusLigneDac> ajouterLigneDac(LignesDeclaration &lignes, const FicheLigneDac &fiche,
+                                             BornesDePeriode &bornes, Dialogue &dialogue);
+
+/// Asks, checks and changes a line. @param lue the line as the fields were filled from it
+/// @return why nothing was written, or nothing
+std::optional<RefusLigneDac> modifierLigneDac(LignesDeclaration &lignes, const Enregistrement &lue,
+                                              const FicheLigneDac &fiche, BornesDePeriode &bornes,
+                                              Dialogue &dialogue);
+
+/// The fields of the change screen, from the line.
+FicheLigneDac remplirFicheLigneDac(const Enregistrement &ligne);
+
+/// Whether an employee may get a line: he has none in the declaration yet. It is told otherwise.
+bool ctrlSansLigne(const LignesDeclaration &lignes, const QString &numero, qint64 cpt_z, Dialogue &dialogue);

@@ -1,5 +1,7 @@
 #include "shell/entreesdemenu.h"
 
+#include "dac/screens/frmdecnom.h"
+#include "dac/screens/frmexpdac.h"
 #include "das/screens/frmentdas.h"
 #include "das/screens/frmexpdas.h"
 #include "das/screens/frmimpligne.h"
@@ -58,8 +60,8 @@ QList<EntreeDeMenu> entreesDeMenu()
         {u"wci", u"Chômage Intempérie", 0, u"wDecl"},
         {u"wTraitCi", u"Traitement CI", 'I', u"wci", {}, Permise, QStyle::SP_FileDialogContentsView},
         {u"wdecmentrim", u"Déclaration mensuelle ou trimestrielle", 0, u"wDecl", {}, Eteinte, SansIcone, u"wActiverDac"},
-        {u"wTraitDecNom", u"Traitement Déclaration Nominative", 0, u"wdecmentrim", {}, Permise, QStyle::SP_FileDialogContentsView},
-        {u"wTransLgDac", u"Transfert Ligne Dac", 0, u"wdecmentrim", {}, Permise, QStyle::SP_ArrowRight},
+        {u"wTraitDecNom", u"Traitement Déclaration Nominative", 0, u"wdecmentrim", ecran<frmDecNom>, Permise, QStyle::SP_FileDialogContentsView},
+        {u"wTransLgDac", u"Transfert Ligne Dac", 0, u"wdecmentrim", transfert<frmexpdac>, Permise, QStyle::SP_ArrowRight},
 
         {u"woutil", u"&Outils", 0, nullptr},
         {u"wvalidate", u"Validation du fichier DAS", 'O', u"woutil", ecran<FrmDasValide>, Permise, QStyle::SP_FileDialogInfoView},

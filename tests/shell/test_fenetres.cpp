@@ -65,6 +65,13 @@ const QStringList chemins{
     u"wdas cmddetail cmdajt cmdins"_s,
     u"wdas cmddetail cmdmod"_s,
     u"wTransfLgDas"_s,
+    u"wTraitDecNom"_s,
+    u"wTraitDecNom cmdmod"_s,
+    u"wTraitDecNom cmddetail"_s,
+    u"wTraitDecNom cmddetail cmdajt"_s,
+    u"wTraitDecNom cmddetail cmdajt cmdins"_s,
+    u"wTraitDecNom cmddetail cmdmod"_s,
+    u"wTransLgDac"_s,
     u"wvalidate"_s,
     u"wGen"_s,
 };
@@ -160,6 +167,17 @@ private slots:
         m_donnees->ajouter(BaseDas::numero(1), 1);
         m_donnees->entete(1, Currency::deEntier(600000), 1);
         m_donnees->ligne(BaseDas::numero(1));
+        base.RsEnteteDac.ouvrir();
+        base.RsEnteteDac.ajouter({{u"NumEmployeur"_s, BaseDas::employeur},
+                                  {u"Periode"_s, u"202401"},
+                                  {u"Type_Dac"_s, 1},
+                                  {u"Assiette"_s, Currency::deEntier(600000)},
+                                  {u"Effectif_total"_s, 1}});
+        base.RsLigneDac.ajouter({{u"NumSalarie"_s, BaseDas::numero(1)},
+                                 {u"cpt_z"_s, 1},
+                                 {u"NumEmployeur"_s, BaseDas::employeur},
+                                 {u"Periode"_s, u"202401"},
+                                 {u"Type_dac"_s, 1}});
         m_principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, entreesDeMenu());
         m_principale->show();
         QVERIFY(QTest::qWaitForWindowActive(m_principale.get()));
