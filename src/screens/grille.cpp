@@ -85,11 +85,12 @@ void Grille::lier(Liste &liste, const QList<ColonneGrille> &colonnes, DernierRec
 
 void Grille::marquer(std::function<bool(int ligne)> estMarquee)
 {
+    constexpr QColor gris(0x70, 0x70, 0x70); // still to be read
     m_modele.marquer(std::move(estMarquee), m_colonnes.first().nom,
                      style()
                          ->standardPixmap(QStyle::SP_DialogApplyButton)
                          .scaledToHeight(fontMetrics().ascent(), Qt::SmoothTransformation),
-                     palette().brush(QPalette::Disabled, QPalette::Text));
+                     gris);
 }
 
 /// A recordset that closes takes its columns along; they come back as they were when it opens again.

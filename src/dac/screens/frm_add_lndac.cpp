@@ -14,6 +14,7 @@
 #include "ui_frm_add_lndac.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +55,7 @@ frm_add_Lndac::frm_add_Lndac(Contexte &contexte, LignesDeclaration &lignes, QWid
     surClic(m_ui->cmdok, [this] { enregistrer(); });
     connect(m_ui->DataGrid1, &Grille::modificationDemandee, m_ui->CmdAff, &QAbstractButton::click);
     recommencer();
+    resize(QSize(1180, 640).boundedTo(screen()->availableSize()));
 }
 
 frm_add_Lndac::~frm_add_Lndac() = default;
@@ -63,7 +65,7 @@ void frm_add_Lndac::ouvrirSalaries()
     m_salaries.ouvrir();
     m_ui->DataGrid1->lier(m_salaries,
                           {{u"Num_Salarie"_s, u"N° SS"_s},
-                           {u"cpt_z"_s, u"N° ordre"_s},
+                           {u"cpt_z"_s, u"Ordre"_s},
                            {u"nom"_s, u"Nom"_s},
                            {u"prenom"_s, u"Prénom"_s},
                            {u"date_naiss"_s, u"Date de naissance"_s}},
@@ -97,13 +99,16 @@ void frm_add_Lndac::ouvrirLignes()
     retenirSalaries();
 }
 
-/// Who has a line; read from the list of the lines.
+/// Who has a line, read from the list of the lines; that of the employee who was taken becomes current.
 void frm_add_Lndac::retenirSalaries()
 {
     m_avecLigne.clear();
     for (int ligne = 0; ligne < m_faites.rowCount(); ++ligne) {
         const Enregistrement faite = m_faites.ligne(ligne);
-        m_avecLigne.insert({faite.texte(0), faite.entier(1)});
+        const Salarie salarie{faite.texte(0), faite.entier(1)};
+        m_avecLigne.insert(salarie);
+        if (salarie == m_pris)
+            m_faites.allerA(ligne);
     }
     m_ui->FrameLignes->setTitle(u"Lignes de la DAC : %1"_s.arg(m_faites.rowCount()));
 }
