@@ -31,6 +31,10 @@ class EcranEntetes : public FenetreTable
 {
     Q_OBJECT
 
+public:
+    /// Fills a list of choices with a column of the table as it is now; nothing is chosen.
+    static void remplirListe(QComboBox &liste, Recordset &table, const QString &colonne);
+
 protected:
     EcranEntetes(Contexte &contexte, const FormeEntetes &forme);
     ~EcranEntetes() override;
@@ -52,9 +56,6 @@ protected:
 
     /// To be called once the controls are there.
     void relier(const ControlesEntetes &controles);
-
-    /// Fills a list of choices with a column of the table as it is now; nothing is chosen.
-    static void remplirListe(QComboBox &liste, Recordset &table, const QString &colonne);
 
     /// The current header as it is shown.
     Enregistrement courante() const;

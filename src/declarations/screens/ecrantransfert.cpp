@@ -2,6 +2,7 @@
 
 #include "declarations/declaration.h"
 #include "declarations/entetes.h"
+#include "declarations/screens/ecranentetes.h"
 #include "declarations/transfert.h"
 #include "screens/contexte.h"
 #include "screens/dernierrecours.h"
@@ -23,11 +24,8 @@ EcranTransfert::EcranTransfert(Contexte &contexte, const FormeTransfert &forme)
 {
     m_ui->setupUi(this);
     habiller();
-    remplirPeriodes(*m_ui->source);
-    Recordset &employeurs = contexte.base.RsEmployeur;
-    for (int ligne = 0; ligne < employeurs.nombre(); ++ligne)
-        m_ui->cmbemp->addItem(employeurs.ligne(ligne).texte(u"num_emp"_s));
-    m_ui->cmbemp->setCurrentIndex(-1);
+    EcranEntetes::remplirListe(*m_ui->source, contexte.base.*forme.periodes, forme.colonnePeriode);
+    EcranEntetes::remplirListe(*m_ui->cmbemp, contexte.base.RsEmployeur, u"num_emp"_s);
     m_lignes.ouvrir(lignesATransferer(forme.transfert, personne, {}));
     m_ui->DataGrid2->lier(m_lignes, forme.colonnes, contexte.dernierRecours);
     relier();
@@ -73,16 +71,6 @@ void EcranTransfert::relier()
     });
 }
 
-void EcranTransfert::remplirPeriodes(QComboBox &liste)
-{
-    Recordset &periodes = m_contexte.base.*m_forme.periodes;
-    periodes.requery();
-    liste.clear();
-    for (int ligne = 0; ligne < periodes.nombre(); ++ligne)
-        liste.addItem(periodes.ligne(ligne).texte(m_forme.colonnePeriode));
-    liste.setCurrentIndex(-1);
-}
-
 void EcranTransfert::permettre(bool affichees)
 {
     m_affichees = affichees;
@@ -99,7 +87,8 @@ void EcranTransfert::afficher()
         return;
     m_lignes.ouvrir(
         lignesATransferer(m_forme.transfert, m_ui->cmbemp->currentText(), m_ui->source->currentText()));
-    remplirPeriodes(*m_ui->destination);
+    m_ui->destination->clear();
+    EcranEntetes::remplirListe(*m_ui->destination, m_contexte.base.*m_forme.periodes, m_forme.colonnePeriode);
     permettre(true);
     m_ui->destination->setFocus();
 }

@@ -3,7 +3,7 @@
 #include "screens/grille.h"
 #include "storage/recordset.h"
 
-#include <QComboBox>
+#include <QWidget>
 
 #include <memory>
 
@@ -53,7 +53,6 @@ private:
     static bool permis(Contexte &contexte);
     void habiller();
     void relier();
-    void remplirPeriodes(QComboBox &liste);
     void afficher();
     void annuler();
     void transferer();
