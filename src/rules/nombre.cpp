@@ -413,6 +413,20 @@ Currency operator*(Currency a, qint64 facteur)
 
 QString texteNombre(double valeur) { return texteSimple(decimalDe(valeur), SepDecimal); }
 
+qsizetype decimales(double valeur)
+{
+    const QString texte = texteNombre(valeur);
+    const qsizetype point = texte.indexOf(SepDecimal);
+    return point < 0 ? 0 : texte.size() - point - 1;
+}
+
+double arrondi(double valeur, qsizetype chiffres)
+{
+    const double facteur = std::pow(10.0, static_cast<double>(chiffres));
+    const double grandi = valeur * facteur;
+    return std::isfinite(grandi) && std::abs(grandi) < 1e15 ? std::nearbyint(grandi) / facteur : valeur;
+}
+
 QString formatMasque(double valeur, QStringView masque)
 {
     return formater(decimalDe(valeur), Masque(masque));

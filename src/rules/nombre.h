@@ -69,6 +69,12 @@ inline Currency LireMontant(QStringView texte) { return Currency::deTexte(texte)
 /// Plain text of a number: at most 15 significant digits, no exponent, no grouping, no superfluous zeros.
 QString texteNombre(double valeur);
 
+/// How many decimals the plain text of the number has.
+qsizetype decimales(double valeur);
+/// The number with so many decimals: rid of what a sum or a difference brought in that the machine can't hold
+/// exactly. Beyond what fits there is nothing to round.
+double arrondi(double valeur, qsizetype chiffres);
+
 /// The number through a mask such as "## ### ### ###.00" or "#,##0.00;(#,##0.00)". The value is taken to its
 /// 15 significant digits, then rounded half away from zero to the mask's decimals. Groups are of three
 /// digits, parted by a blank where the mask groups; before the point only a mask with "0" there shows a lone

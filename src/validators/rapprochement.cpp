@@ -5,28 +5,12 @@
 #include "rules/texte.h"
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QStringView TitreDas = u"DAS";
-
-qsizetype decimales(double valeur)
-{
-    const QString texte = texteNombre(valeur);
-    const qsizetype point = texte.indexOf(SepDecimal);
-    return point < 0 ? 0 : texte.size() - point - 1;
-}
-
-/// The value with that many decimals. Beyond what fits there is nothing to round.
-double arrondi(double valeur, qsizetype chiffres)
-{
-    const double facteur = std::pow(10.0, static_cast<double>(chiffres));
-    const double grandi = valeur * facteur;
-    return std::isfinite(grandi) && std::abs(grandi) < 1e15 ? std::nearbyint(grandi) / facteur : valeur;
-}
 
 } // namespace
 

@@ -11,7 +11,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cmath>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -21,13 +20,11 @@ namespace {
 constexpr qint64 PasAvancement = 1024 * 1024;
 constexpr QStringView MasqueTotal = u"## ### ### ### ###.00";
 
-/// Count of the lines less that of the header. Any number may stand in the header.
+/// Count of the lines less that of the header, where any number may stand.
 QString ecartDesNombres(qint64 lignes, QStringView entete)
 {
-    constexpr double exact = 9e14; // what an amount holds
     const double declare = lireNombre(entete);
-    return std::abs(declare) < exact ? (Currency::deEntier(lignes) - LireMontant(entete)).texte()
-                                     : texteNombre(static_cast<double>(lignes) - declare);
+    return texteNombre(arrondi(static_cast<double>(lignes) - declare, decimales(declare)));
 }
 
 } // namespace
