@@ -18,8 +18,6 @@ using Issue = std::optional<RefusLigneDac>;
 
 constexpr qint64 heuresParMois = 176;
 constexpr qint64 heuresParTrimestre = 528;
-/// The minimal wage of an hour.
-constexpr Currency smigHoraire = Currency::deDixMilliemes(1'038'500);
 /// Days from the entry to the period's end within which a number may be missing.
 constexpr qint64 delaiRecrutement = 90;
 
@@ -153,7 +151,7 @@ private:
     {
         const qint64 heures = (LireMontant(m_fiche.TxtNbJT) * heuresParUnite()).dixMilliemes();
         const qint64 un = Currency::deEntier(1).dixMilliemes();
-        const qint64 produit = (smigHoraire * heures).dixMilliemes();
+        const qint64 produit = (fonds::SmigHoraire * heures).dixMilliemes();
         const Currency minimum = Currency::deDixMilliemes(produit / un);
         const qint64 reste = produit % un;
         // Under a negative time the quotient falls where the base rises.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "rules/nombre.h"
+
 #include <QString>
 
 /// What the fund has laid down once, for declarations and validators alike. What it asks differently of each
@@ -28,6 +30,9 @@ inline constexpr int AgeMaximal = 85;
 
 /// Hours of a day's work.
 inline constexpr int HeuresParJour = 8;
+
+/// The minimal wage of an hour.
+inline constexpr Currency SmigHoraire = Currency::deDixMilliemes(1'038'500);
 
 /// The longest time worked in a campaign, by its unit: "M" months, "J" days, "H" hours.
 constexpr int dureeMaximale(QChar unite) { return unite == u'M' ? 12 : unite == u'H' ? 2512 : 314; }
