@@ -2,18 +2,9 @@
 #include "declarations/exportdeclaration.h"
 #include "declarations/lignes.h"
 #include "declarations/screens/ecranlignes.h"
-#include "rules/calendrier.h"
-#include "rules/dialogue.h"
-#include "screens/contexte.h"
-#include "tests/commun/dialoguescenario.h"
-#include "tests/commun/menutemoin.h"
 #include "tests/employees/basesalaries.h"
+#include "tests/screens/banc.h"
 #include "tests/storage/foyer.h"
-
-#include <QApplication>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -69,12 +60,11 @@ FichierDeclaration fichierInvente(FichierDeclaration::Gestion gestion, const QSt
 
 /// Two employees with a line each under the declaration "ABCD"; the fields of the second one are all there is
 /// to replace.
-class Donnees : public BaseSalaries
+class Donnees : public BancSur<BaseSalaries>
 {
 public:
     Donnees()
     {
-        base.RsEnteteCi.ouvrir();
         base.RsEnteteCi.ajouter({{u"N_Identifiant"_s, u"ABCD"},
                                  {u"N_employeur"_s, u"12345678"},
                                  {u"Montant_Indemnise"_s, Currency::deEntier(30)},
@@ -102,7 +92,6 @@ public:
     Enregistrement entete() { return base.RsEnteteCi.courant(); }
 
     std::unique_ptr<LignesDeclaration> declaration;
-    DialogueScenario dialogue;
 };
 
 } // namespace
@@ -121,15 +110,10 @@ private slots:
         QVERIFY(sommesConcordent(essai.base, genreInvente(), essai.entete()));
         QVERIFY(essai.declaration->contient(u"882345000111"_s, 1) &&
                 !essai.declaration->contient(u"882345000111"_s, 2));
-
-        essai.declaration->chercher(u"8823450002"_s);
         essai.declaration->modifier(essai.declaration->liste().courant(),
                                     {{u"Mt_Indemnise"_s, Currency::deEntier(5)}});
         QCOMPARE(essai.lignes(sommes), QStringList{u"150000|20000|3"_s});
         QVERIFY(!sommesConcordent(essai.base, genreInvente(), essai.entete()));
-        essai.dialogue.attendreConfirmation(u"Supprimer la ligne ?"_s, true, u"Ligne"_s);
-        essai.declaration->supprimer(essai.declaration->liste().courant(), essai.dialogue);
-        QCOMPARE(essai.lignes(sommes), QStringList{u"100000|10000|1"_s});
 
         essai.dialogue.attendreConfirmation(u"Supprimer ?"_s, true, u"Confirmation"_s);
         essai.dialogue.attendreAvertissement(u"Il y a des lignes."_s);
@@ -161,58 +145,40 @@ private slots:
         QVERIFY(!exporter(fichier, essai.base, essai.entete(), false, essai.dialogue));
     }
 
-    void echecs_data()
-    {
-        using enum FichierDeclaration::Gestion;
-        QTest::addColumn<FichierDeclaration::Gestion>("gestion");
-        QTest::addColumn<QString>("echec");
-        QTest::addColumn<bool>("fige");
-        QTest::addColumn<bool>("controle");
-        QTest::addColumn<bool>("leve");
-        QTest::newRow("des le controle") << DesLeControle << u"Non."_s << false << true << false;
-        QTest::newRow("controle, avant la cible") << DesLaCible << QString() << false << true << true;
-        QTest::newRow("des la cible, muet") << DesLaCible << QString() << false << false << false;
-        QTest::newRow("dossier fixe") << DesLeControle << u"Non."_s << true << false << true;
-        QTest::newRow("aucune") << Aucune << QString() << false << false << true;
-    }
-
     /// Where a failure of the control or of the writing ends.
     void echecs()
     {
-        QFETCH(FichierDeclaration::Gestion, gestion);
-        QFETCH(QString, echec);
-        QFETCH(bool, fige);
-        QFETCH(bool, controle);
-        QFETCH(bool, leve);
-        Foyer foyer; // without the fixed folder
-        Donnees essai;
-        FichierDeclaration fichier = fichierInvente(gestion, echec);
-        if (controle) {
-            fichier.apresSommes = [](Base &, const Enregistrement &, Dialogue &) -> bool {
-                throw ErreurConversion(u"x"_s);
-            };
-        } else if (!fige) {
-            essai.dialogue.attendreDestination(u"ABCD_X.txt"_s, foyer.chemin() + u"/rien/a.txt"_s);
-        }
-        if (!echec.isEmpty() && !leve)
-            essai.dialogue.attendreCritique(echec);
-        bool levee = false;
-        try {
-            QVERIFY(!exporter(fichier, essai.base, essai.entete(), fige, essai.dialogue));
-        } catch (const Erreur &) {
-            levee = true;
-        }
-        QCOMPARE(levee, leve);
+        using enum FichierDeclaration::Gestion;
+        const auto echouer = [](FichierDeclaration::Gestion gestion, const QString &echec, bool fige,
+                                bool controle, bool leve) {
+            const Foyer foyer; // without the fixed folder
+            Donnees essai;
+            FichierDeclaration fichier = fichierInvente(gestion, echec);
+            if (controle) {
+                fichier.apresSommes = [](Base &, const Enregistrement &, Dialogue &) -> bool {
+                    throw ErreurConversion(u"x"_s);
+                };
+            } else if (!fige) {
+                essai.dialogue.attendreDestination(u"ABCD_X.txt"_s, foyer.chemin() + u"/rien/a.txt"_s);
+            }
+            if (!echec.isEmpty() && !leve)
+                essai.dialogue.attendreCritique(echec);
+            QCOMPARE(!echecDe([&] {
+                          QVERIFY(!exporter(fichier, essai.base, essai.entete(), fige, essai.dialogue));
+                      }).isEmpty(),
+                     leve);
+        };
+        echouer(DesLeControle, u"Non."_s, false, true, false);
+        echouer(DesLaCible, {}, false, true, true); // the control comes before the target
+        echouer(DesLaCible, {}, false, false, false);
+        echouer(DesLeControle, u"Non."_s, true, false, true);
+        echouer(Aucune, {}, false, false, true);
     }
 
     /// The lines list of the declaration, from data alone.
     void ecranDesLignes()
     {
         Donnees essai;
-        MenuTemoin menu;
-        BornesDePeriode bornes;
-        DernierRecours recours(essai.dialogue, [] {});
-        Contexte contexte{essai.base, essai.dialogue, recours, bornes, menu};
         static const FormeLignes forme{
             .nom = u"lignes"_s,
             .titre = u"Lignes"_s,
@@ -226,12 +192,11 @@ private slots:
             .ajouter = {},
             .modifier = {},
         };
-        EcranLignes ecran(contexte, *essai.declaration, forme, nullptr);
-        QCOMPARE(ecran.findChild<QLabel *>(u"LabCampagne"_s)->text(), u"ABCD"_s);
-        QCOMPARE(ecran.findChild<QLabel *>(u"LabNom"_s)->text(), u"Nom      :DUPONT"_s);
-        QVERIFY(ecran.findChild<QLabel *>(u"LabCCP"_s)->isHidden());
+        EcranLignes ecran(essai.contexte, *essai.declaration, forme, nullptr);
+        QCOMPARE(textes(ecran, u"LabCampagne LabNom"_s), u"ABCD|Nom      :DUPONT"_s);
+        QVERIFY(champ(ecran, u"LabCCP"_s)->isHidden());
         essai.dialogue.attendreConfirmation(u"Supprimer la ligne ?"_s, true, u"Ligne"_s);
-        ecran.findChild<QPushButton *>(u"cmdsup"_s)->click();
+        cliquer(ecran, u"cmdsup"_s);
         QCOMPARE(essai.declaration->liste().nombre(), 1);
     }
 };
