@@ -38,7 +38,35 @@ const QString echecExport = u"Une erreur s'est produite, le fichier n'a pas ét�
 const QString succes = u"DAS exportée avec succès vers "_s;
 const QString nomPropose = u"12345678_DAS_2024.txt"_s;
 
-QByteArray lignesDe(const QStringList &lignes) { return encoder(lignes.join(u"\r\n"_s) + u"\r\n"_s); }
+/// An empty declaration, with the fixed folder for its file.
+class Essai : public BaseDas
+{
+public:
+    Essai()
+    {
+        QDir().mkpath(dossierExpor());
+        entete();
+    }
+
+    /// Adds an employee with his line.
+    void employe(const QString &numero, const Champs &salarie = {}, const Champs &champs = {},
+                 qint64 cpt_z = 1)
+    {
+        ajouter(numero, cpt_z, salarie);
+        ligne(numero, cpt_z, champs);
+    }
+
+    bool controler()
+    {
+        accorder();
+        return CtrlDas(base, base.RsEnteteDas.courant(), dialogue);
+    }
+    bool exporter(bool cheminFige) { return exporterDas(base, cheminFige, dialogue); }
+
+    const Foyer foyer;
+    const QString fige = dossierExpor() + u'/' + nomPropose;
+    DialogueScenario dialogue;
+};
 
 } // namespace
 
@@ -52,20 +80,15 @@ class TestExportDas : public QObject
     static void controler(const QString &numero, const Champs &salarie, const Champs &ligne,
                           const QString &refus = {}, bool averti = false)
     {
-        BaseDas essai;
-        essai.entete();
-        essai.ajouter(numero, 1, salarie);
-        essai.ligne(numero, 1, ligne);
+        Essai essai;
+        essai.employe(numero, salarie, ligne);
         // A second line with another fault: the first one is told.
-        essai.ajouter(BaseDas::numero(2), 1, {{u"NumActeNaiss"_s, refus.isEmpty() ? u"12345" : u"1"}});
-        essai.ligne(BaseDas::numero(2));
-        essai.accorder();
-        DialogueScenario dialogue;
+        essai.employe(BaseDas::numero(2), {{u"NumActeNaiss"_s, refus.isEmpty() ? u"12345" : u"1"}});
         if (averti)
-            dialogue.attendreInformation(pris(numero));
+            essai.dialogue.attendreInformation(pris(numero));
         if (!refus.isEmpty())
-            dialogue.attendreAvertissement(refus.section(u'|', -1), refus.section(u'|', -2, -2));
-        QCOMPARE(CtrlDas(essai.base, essai.base.RsEnteteDas.courant(), dialogue), refus.isEmpty());
+            essai.dialogue.attendreAvertissement(refus.section(u'|', -1), refus.section(u'|', -2, -2));
+        QCOMPARE(essai.controler(), refus.isEmpty());
     }
 
 private slots:
@@ -107,9 +130,8 @@ private slots:
         controler(sansNumero, etranger(u"5"), entreeLe(u"15/06/2024"_s), {}, true);
         controler(u"882345000199"_s, etranger(u"5"), {},
                   phrase(u"882345000199"_s, u" N° SS ou date de naissance non valide "_s));
-        for (const QString &code : {u"4"_s, u"004"_s, u"247"_s, u"0"_s, u"-5"_s, u"abc"_s}) {
+        for (const QString &code : {u"4"_s, u"004"_s, u"247"_s, u"0"_s, u"-5"_s, u"abc"_s})
             controler(bon, etranger(code), {}, u"Code nationalité incorrect pour le salarié N°  :  "_s + qui);
-        }
         for (const Valeur &vide : {Valeur(u" "), Valeur()}) {
             controler(bon, etranger(vide), {},
                       u"Controle nationalité|Code nationalité non spécifié  pour le salarié :   "_s + qui);
@@ -123,17 +145,12 @@ private slots:
         for (const auto &[numero, salarie, ligne] :
              {Cas(BaseDas::numero(1), {{u"date_naiss"_s, {}}}, {}), Cas(sansNumero, {}, {{u"date_es"_s, {}}}),
               Cas(sansNumero, {}, {})}) {
-            const Foyer foyer;
-            QVERIFY(QDir().mkpath(dossierExpor()));
-            BaseDas essai;
-            essai.entete();
-            essai.ajouter(numero, 1, salarie);
-            essai.ligne(numero, 1, ligne);
+            Essai essai;
+            essai.employe(numero, salarie, ligne);
             essai.accorder();
-            DialogueScenario dialogue;
-            QVERIFY_THROWS_EXCEPTION(ErreurConversion, exporterDas(essai.base, true, dialogue));
-            dialogue.attendreCritique(echecExport);
-            QVERIFY(!exporterDas(essai.base, false, dialogue));
+            QVERIFY_THROWS_EXCEPTION(ErreurConversion, essai.exporter(true));
+            essai.dialogue.attendreCritique(echecExport);
+            QVERIFY(!essai.exporter(false));
             QVERIFY(QDir(dossierExpor()).isEmpty());
         }
     }
@@ -149,59 +166,46 @@ private slots:
         using Cas = std::tuple<int, int, int, QString>;
         for (const auto &[avec, sans, etrangers, taux] :
              {Cas(9, 1, 0, {}), Cas(8, 1, 5, u"88.89"_s), Cas(0, 2, 0, u".00"_s), Cas(0, 0, 3, {})}) {
-            BaseDas essai;
-            essai.entete();
+            Essai essai;
             for (int i = 0; i < avec + sans + etrangers; ++i) {
                 Champs salarie{{u"etranger"_s, u"O"}, {u"IdNat"_s, u"5"}, {u"num_cpt_ccp"_s, {}}};
                 if (i < avec + sans)
                     salarie = i < avec ? bons[i % bons.size()] : mauvais[i % mauvais.size()];
-                essai.ajouter(BaseDas::numero(i), 1, salarie);
-                essai.ligne(BaseDas::numero(i));
+                essai.employe(BaseDas::numero(i), salarie);
             }
-            essai.accorder();
-            DialogueScenario dialogue;
             if (!taux.isEmpty()) {
-                dialogue.attendreAvertissement(
+                essai.dialogue.attendreAvertissement(
                     u"Votre fichier Présente un taux insuffisant de salariés avec un numéro de compte valide "
                     "  :  %1   %, il sera refusé, veuillez le compéter SVP"_s.arg(taux));
             }
-            QCOMPARE(CtrlDas(essai.base, essai.base.RsEnteteDas.courant(), dialogue), taux.isEmpty());
+            QCOMPARE(essai.controler(), taux.isEmpty());
         }
     }
 
     /// What stands in the sums and in no file: a line whose employee is gone; and sums that differ.
     void ecarts()
     {
-        BaseDas essai;
-        essai.entete();
-        essai.ajouter(BaseDas::numero(1), 1);
-        essai.ligne(BaseDas::numero(1));
+        Essai essai;
+        essai.employe(BaseDas::numero(1));
         essai.ligne(BaseDas::numero(2));
-        essai.accorder();
-        DialogueScenario dialogue;
-        dialogue.attendreAvertissement(
+        essai.dialogue.attendreAvertissement(
             u"Votre DAS doit contenir 100% des numéro SS valide, veuillez corriger SVP"_s);
-        QVERIFY(!exporterDas(essai.base, false, dialogue));
+        QVERIFY(!essai.controler());
         for (const auto &[type, somme, effectif] :
              {std::tuple{2, Currency::deDixMilliemes(1), 0}, {3, Currency(), 1}}) {
             essai.entete(type, somme, effectif);
-            dialogue.attendreAvertissement(
+            essai.dialogue.attendreAvertissement(
                 u"La somme des salaires annuels ou le nombre de salaries saisis dans l'en-tête DAS ne "
-                "correspondent pas aux sommes calculées sur les lignes de cette DAS.\nVerifiez vos lignes "
-                "DAS "
-                "SVP"_s);
-            QVERIFY(!exporterDas(essai.base, false, dialogue));
+                "correspondent pas aux sommes calculées sur les lignes de cette DAS.\nVerifiez vos lignes DAS SVP"_s);
+            QVERIFY(!essai.exporter(false));
         }
     }
 
     void fichier()
     {
-        const Foyer foyer;
-        QVERIFY(QDir().mkpath(dossierExpor()));
-        BaseDas essai;
-        essai.entete();
+        Essai essai;
         // Entered in this order, which is not that of the numbers.
-        essai.ajouter(BaseDas::numero(2), 1,
+        essai.employe(BaseDas::numero(2),
                       {{u"nom"_s, u"  O'NEIL; \"Ö\" "},
                        {u"prenom"_s, u"Łukasz €"},
                        {u"lieu_naiss"_s, u"  "},
@@ -213,46 +217,44 @@ private slots:
                        {u"agence_banque"_s, u"00123"},
                        {u"Email"_s, u"a@b.dz"},
                        {u"CinNumber"_s, u"123456789"},
-                       {u"NIN"_s, u"10988012312345000_"}});
+                       {u"NIN"_s, u"10988012312345000_"}},
+                      {{u"sal_annuel"_s, Currency::deTexte(u"1234567.5")},
+                       {u"type_date_es"_s, {}},
+                       {u"date_es"_s, {}}});
         Champs etranger{{u"etranger"_s, u"O"}, {u"IdNat"_s, u"246"}};
         for (const QString &vide : {u"NumActeNaiss"_s, u"NIN"_s, u"sexe"_s, u"profes"_s, u"adresse"_s,
                                     u"telephone"_s, u"PrenomPere"_s, u"NomMere"_s, u"PrenomMere"_s})
             etranger.append({vide, {}});
-        essai.ajouter(BaseDas::numero(1), 1, etranger);
-        essai.ajouter(sansNumero, 3, {{u"NumActeNaiss"_s, u""}, {u"sexe"_s, u"F"}});
-        essai.ligne(BaseDas::numero(2), 1,
-                    {{u"sal_annuel"_s, Currency::deTexte(u"1234567.5")},
-                     {u"type_date_es"_s, {}},
-                     {u"date_es"_s, {}}});
-        essai.ligne(BaseDas::numero(1), 1,
-                    {{u"sal_annuel"_s, Currency::deTexte(u"0.0001")},
-                     {u"date_es"_s, u"30/06/2024"},
-                     {u"type_date_es"_s, u"S"}});
-        essai.ligne(sansNumero, 3, entreeLe(u"15/06/2024"_s));
+        essai.employe(BaseDas::numero(1), etranger,
+                      {{u"sal_annuel"_s, Currency::deTexte(u"0.0001")},
+                       {u"date_es"_s, u"30/06/2024"},
+                       {u"type_date_es"_s, u"S"}});
+        essai.employe(sansNumero, {{u"NumActeNaiss"_s, u""}, {u"sexe"_s, u"F"}}, entreeLe(u"15/06/2024"_s),
+                      3);
         essai.ligne(BaseDas::numero(2), 1, {}, 2); // of another declaration
         essai.accorder();
 
-        const QByteArray attendu = lignesDe(
-            {u"DAS KORVANDEL VER 3.0"_s, u"12345678;2024;1;1834567,5001;3;"_s,
-             BaseDas::numero(2) +
-                 u";O'NEIL; \"Ö\";?ukasz €;M;04/03/1988;;3, rue d'en bas;ALGER;16000;N;N;123456768;"
-                 "00212345678901234561;002;00123;MAÇON;1234567,5;12;M;;;M;0550112233;a@b.dz;123456789;004;"
-                 "PAUL;DURAND;MARIE;000000000000000000;12345;"_s,
-             BaseDas::numero(1) + u";DUPONT;JEAN;M;04/03/1988;;;;;N;O;123456768;;;;;0,0001;12;M;30/06/2024;S;"
-                                  "M;;;;246;;;;000000000000000000;12345;"_s,
-             u"000000000000;DUPONT;JEAN;M;04/03/1988;;12 RUE DES ROSIERS;;;N;N;123456768;;;;MAÇON;600000;1;J;"
-             "15/06/2024;E;F;0550112233;;;004;PAUL;DURAND;MARIE;109880123123450006;;"_s});
-        for (const bool fige : {true, false}) {
-            DialogueScenario dialogue;
-            const QString chemin =
-                fige ? dossierExpor() + u'/' + nomPropose : foyer.chemin() + u"/ailleurs.txt"_s;
+        const QStringList attendu{
+            u"DAS KORVANDEL VER 3.0"_s,
+            u"12345678;2024;1;1834567,5001;3;"_s,
+            BaseDas::numero(2) +
+                u";O'NEIL; \"Ö\";?ukasz €;M;04/03/1988;;3, rue d'en bas;ALGER;16000;N;N;123456768;"
+                "00212345678901234561;002;00123;MAÇON;1234567,5;12;M;;;M;0550112233;a@b.dz;123456789;004;"
+                "PAUL;DURAND;MARIE;000000000000000000;12345;"_s,
+            BaseDas::numero(1) + u";DUPONT;JEAN;M;04/03/1988;;;;;N;O;123456768;;;;;0,0001;12;M;30/06/2024;S;"
+                                 "M;;;;246;;;;000000000000000000;12345;"_s,
+            u"000000000000;DUPONT;JEAN;M;04/03/1988;;12 RUE DES ROSIERS;;;N;N;123456768;;;;MAÇON;600000;1;J;"
+            "15/06/2024;E;F;0550112233;;;004;PAUL;DURAND;MARIE;109880123123450006;;"_s,
+            {}};
+        for (const QString &chemin : {essai.fige, essai.foyer.chemin() + u"/ailleurs.txt"_s}) {
+            const bool fige = chemin == essai.fige;
             ecrireFichier(chemin, QByteArray(10'000, 'x')); // replaced, not overwritten in part
-            dialogue.attendreInformation(pris(sansNumero));
+            essai.dialogue.attendreInformation(pris(sansNumero));
             if (!fige)
-                dialogue.attendreDestination(nomPropose, chemin);
-            dialogue.attendreInformation(succes + QDir::toNativeSeparators(chemin));
-            QVERIFY(exporterDas(essai.base, fige, dialogue));
-            QCOMPARE(lireFichier(chemin), attendu);
+                essai.dialogue.attendreDestination(nomPropose, chemin);
+            essai.dialogue.attendreInformation(succes + QDir::toNativeSeparators(chemin));
+            QVERIFY(essai.exporter(fige));
+            QCOMPARE(lireFichier(chemin), encoder(attendu.join(u"\r\n"_s)));
             QVERIFY(!(QFile::permissions(chemin) & (QFile::ReadGroup | QFile::ReadOther)));
             QVERIFY(misSurDisque().contains(chemin));
             QVERIFY(misSurDisque().contains(QFileInfo(chemin).absolutePath()));
@@ -260,13 +262,10 @@ private slots:
         QCOMPARE(essai.base.RsLigneDas.nombre(), 3);
 
         // A complementary declaration takes the name of the principal one in the fixed folder.
-        essai.base.RsEnteteDas.allerA(essai.base.RsEnteteDas.chercher({{u"Type"_s, 1}}));
         essai.entete(3);
-        DialogueScenario dialogue;
-        dialogue.attendreInformation(succes + QDir::toNativeSeparators(dossierExpor() + u'/' + nomPropose));
-        QVERIFY(exporterDas(essai.base, true, dialogue));
-        QCOMPARE(lireFichier(dossierExpor() + u'/' + nomPropose),
-                 QByteArray("DAS KORVANDEL VER 3.0\r\n12345678;2024;3;0;0;\r\n"));
+        essai.dialogue.attendreInformation(succes + QDir::toNativeSeparators(essai.fige));
+        QVERIFY(essai.exporter(true));
+        QCOMPARE(lireFichier(essai.fige), "DAS KORVANDEL VER 3.0\r\n12345678;2024;3;0;0;\r\n");
     }
 
     /// In the fixed folder the program ends, elsewhere the clerk is told; what was written stays.
@@ -277,52 +276,45 @@ private slots:
              {QString(), u"salarie nom"_s, u"salarie prenom"_s, u"salarie sf"_s, u"salarie presume"_s,
               u"ligne_das sal_annuel"_s, u"ligne_das nbj_travail"_s, u"ligne_das type_dure"_s}) {
             const QString colonne = vide.section(u' ', 1);
-            const Foyer foyer;
-            const QString fige = dossierExpor() + u'/' + nomPropose;
-            const QString choisi = foyer.chemin() + u"/choisi.txt"_s;
-            QVERIFY(QDir().mkpath(dossierExpor()));
-            if (colonne.isEmpty())
-                QVERIFY(QDir().mkpath(fige) && QDir().mkpath(choisi));
-            BaseDas essai;
-            essai.entete();
-            for (int i = 1; i <= 2; ++i) {
-                essai.ajouter(BaseDas::numero(i), 1);
-                essai.ligne(BaseDas::numero(i));
-            }
+            Essai essai;
+            const QString choisi = essai.foyer.chemin() + u"/choisi.txt"_s;
+            if (vide.isEmpty())
+                QVERIFY(QDir().mkpath(essai.fige) && QDir().mkpath(choisi));
+            for (int i = 1; i <= 2; ++i)
+                essai.employe(BaseDas::numero(i));
             if (!vide.isEmpty())
                 essai.base.Cnx.executer(
                     u"UPDATE %1 SET %2 = NULL WHERE rowid = 2"_s.arg(vide.section(u' ', 0, 0), colonne));
             essai.accorder();
-            DialogueScenario dialogue;
             QString texte;
             try {
-                exporterDas(essai.base, true, dialogue);
+                essai.exporter(true);
             } catch (const ErreurFatale &erreur) {
                 texte = erreur.texte();
             }
-            QVERIFY2(texte.contains(colonne.isEmpty() ? fige : colonne), qPrintable(texte));
-            dialogue.attendreDestination(nomPropose, choisi);
-            dialogue.attendreCritique(echecExport);
-            QVERIFY(!exporterDas(essai.base, false, dialogue));
-            for (const QString &chemin : {fige, choisi})
-                QCOMPARE(lireFichier(chemin).count("\r\n"), colonne.isEmpty() ? 0 : 3);
+            QVERIFY2(texte.contains(vide.isEmpty() ? essai.fige : colonne), qPrintable(texte));
+            essai.dialogue.attendreDestination(nomPropose, choisi);
+            essai.dialogue.attendreCritique(echecExport);
+            QVERIFY(!essai.exporter(false));
+            for (const QString &chemin : {essai.fige, choisi})
+                QCOMPARE(lireFichier(chemin).count("\r\n"), vide.isEmpty() ? 0 : 3);
         }
     }
 
     /// A disk that is full, and one that takes the words and can't keep them.
     void disquePlein()
     {
-        BaseDas essai;
+        Essai essai;
+        essai.base.Cnx.executer(u"DELETE FROM entete_das"_s);
         essai.peuplerDas(1000);
-        const Foyer foyer;
-        for (const QString &chemin : {u"/dev/full"_s, foyer.chemin() + u"/das.txt"_s}) {
-            if (chemin.startsWith(u"/dev") && !QFile::exists(chemin))
+        for (const QString &chemin : {u"/dev/full"_s, essai.foyer.chemin() + u"/das.txt"_s}) {
+            const bool plein = chemin == u"/dev/full";
+            if (plein && !QFile::exists(chemin))
                 continue;
-            DialogueScenario dialogue;
-            dialogue.attendreDestination(nomPropose, chemin);
-            dialogue.attendreCritique(echecExport);
-            refuserLeDisque(chemin.startsWith(u"/dev") ? 0 : EIO);
-            QVERIFY(!exporterDas(essai.base, false, dialogue));
+            essai.dialogue.attendreDestination(nomPropose, chemin);
+            essai.dialogue.attendreCritique(echecExport);
+            refuserLeDisque(plein ? 0 : EIO);
+            QVERIFY(!essai.exporter(false));
             refuserLeDisque(0);
         }
     }
@@ -330,34 +322,29 @@ private slots:
     /// An imported number may hold anything.
     void nomQuiResteDansLeDossier()
     {
-        const Foyer foyer;
-        QVERIFY(QDir().mkpath(dossierExpor()));
-        BaseDas essai;
-        essai.entete();
+        Essai essai;
         essai.base.Cnx.executer(u"UPDATE entete_das SET num_emp = '../..\\a:'"_s);
         essai.accorder();
         const QString nom = u".._.._a__DAS_2024.txt"_s;
         const QString fige = dossierExpor() + u'/' + nom;
-        DialogueScenario dialogue;
-        dialogue.attendreInformation(succes + QDir::toNativeSeparators(fige));
-        QVERIFY(exporterDas(essai.base, true, dialogue));
+        essai.dialogue.attendreInformation(succes + QDir::toNativeSeparators(fige));
+        QVERIFY(essai.exporter(true));
         QVERIFY(QFile::exists(fige));
-        dialogue.attendreDestination(nom, {});
-        dialogue.attendreBoite(u"Nom de fichier incorrect"_s);
-        QVERIFY(!exporterDas(essai.base, false, dialogue));
+        essai.dialogue.attendreDestination(nom, {});
+        essai.dialogue.attendreBoite(u"Nom de fichier incorrect"_s);
+        QVERIFY(!essai.exporter(false));
     }
 
     /// What the program exports from a good declaration, the fund's own rules take.
     void accepteParLeValideur()
     {
-        const Foyer foyer;
-        QVERIFY(QDir().mkpath(dossierExpor()));
-        BaseDas essai;
+        Essai essai;
+        essai.base.Cnx.executer(u"DELETE FROM entete_das"_s);
         essai.peuplerDas(300);
         DialogueOui oui;
         QVERIFY(exporterDas(essai.base, true, oui));
         ValidateurDas validateur;
-        const Verdict verdict = validateur.extraire(dossierExpor() + u'/' + nomPropose, oui);
+        const Verdict verdict = validateur.extraire(essai.fige, oui);
         for (const ListesErreurs *listes : {&validateur.rejets, &validateur.sansIncidence})
             QVERIFY2(listes->taille() == 0, qPrintable(listes->taille() ? listes->Entrees[0] : QString()));
         QCOMPARE(verdict, Verdict::Acceptee);
