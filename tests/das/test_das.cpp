@@ -3,7 +3,6 @@
 #include "declarations/entetes.h"
 #include "declarations/lignes.h"
 #include "tests/commun/dialoguescenario.h"
-#include "tests/commun/enfant.h"
 #include "tests/das/basedas.h"
 
 #include <QTest>
@@ -99,20 +98,6 @@ public:
     std::unique_ptr<LignesDeclaration> declaration;
     DialogueScenario dialogue;
 };
-
-/// Adds lines of employees without a number until it is killed, and tells of every one that is saved.
-int ajouterSansFin(const QString &chemin)
-{
-    Base base;
-    ouvrirPourSalaries(base, chemin);
-    base.RsEnteteDas.ouvrir();
-    LignesDeclaration lignes(base, genreDas(), cleEntete(genreDas(), base.RsEnteteDas.courant()));
-    DialogueOui dialogue;
-    enfant::commencer();
-    for (int i = 1; !ajouterLigneDas(lignes, ficheLigne(sansNumero, u"600000;;;12M"_s, i), dialogue); ++i)
-        enfant::signaler();
-    return 1;
-}
 
 } // namespace
 
@@ -454,30 +439,6 @@ private slots:
         QCOMPARE(liste.ligne(2).texte(u"num_salarie"), BaseDas::numero(1));
     }
 
-    /// Whenever the program dies, the lines that were saved are there, and the header tells of just these.
-    void tuePendantUnAjout()
-    {
-        BaseDas essai;
-        essai.base.Cnx.executer(
-            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
-            "INSERT INTO salarie (Num_Salarie, cpt_z) SELECT '000000000000', i FROM n"_s);
-        essai.entete();
-        for (int coup = 1; coup <= 8; ++coup) {
-            essai.base.Cnx.executer(u"DELETE FROM ligne_das"_s);
-            essai.accorder();
-            const qint64 sauvees = enfant::faire({essai.chemin()}, coup * 5'000).pas;
-            Connexion apres;
-            apres.ouvrir(essai.chemin());
-            const Enregistrement trouve =
-                apres.premiere(u"SELECT total_calc, sum_calc, count(sal_annuel), ifnull(sum(sal_annuel), 0) "
-                               "FROM entete_das LEFT JOIN ligne_das"_s);
-            QVERIFY(trouve.entier(2) == sauvees || trouve.entier(2) == sauvees + 1);
-            QCOMPARE(trouve.entier(0), trouve.entier(2));
-            QCOMPARE(trouve.entier(1), trouve.entier(3));
-        }
-        QVERIFY(essai.base.Cnx.existe(u"SELECT 1 FROM ligne_das"_s));
-    }
-
     void champsQuittes()
     {
         DialogueScenario dialogue;
@@ -504,13 +465,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    const QCoreApplication application(argc, argv);
-    if (const auto mots = enfant::mots(argc, argv))
-        return ajouterSansFin(mots->first());
-    TestDas test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(TestDas)
 #include "test_das.moc"
