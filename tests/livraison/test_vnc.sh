@@ -48,8 +48,12 @@ lire 16 >/dev/null
 printf '0123456789abcdef' >&3
 [ "$(lire 4)" = 00000001 ] || echec "a wrong password is let in"
 exec 3>&-
-for enfant in $(cat "/proc/$script/task/$script/children"); do
-    [ "$(cat "/proc/$enfant/comm")" != Xtigervnc ] || kill "$enfant"
+mapfile -t -d ' ' enfants <"/proc/$script/task/$script/children"
+for enfant in "${enfants[@]}"; do
+    if [ "$(cat "/proc/$enfant/comm")" = Xtigervnc ]; then
+        kill "$enfant"
+        break
+    fi
 done
 fini 69
 
