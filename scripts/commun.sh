@@ -17,23 +17,24 @@ echouer() {
     exit 69
 }
 
-# paquets_manquants: the packages of the list that are not installed, one a line.
+# paquets_manquants LIST...: the packages of the lists that are not installed, one a line.
 paquets_manquants() {
     local voulus
-    mapfile -t voulus < <(sed -E 's/#.*//; s/[[:space:]]//g; /^$/d' "$racine/paquets-debian.txt" | sort -u)
+    mapfile -t voulus < <(sed -E 's/#.*//; s/[[:space:]]//g; /^$/d' "${@/#/$racine/}" | sort -u)
     comm -23 <(printf '%s\n' "${voulus[@]}") \
         <(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${voulus[@]}" 2>/dev/null |
             sed -n 's/^installed //p' | sort -u)
 }
 
+# installer_paquets LIST...: installs what is missing of them.
 installer_paquets() {
     if ! command -v dpkg-query >/dev/null; then
-        dire "Ce système n'a pas les paquets de Debian : les équivalents de paquets-debian.txt doivent être là."
+        dire "Ce système n'a pas les paquets de Debian : les équivalents de $* doivent être là."
         return
     fi
 
     local manquants en_root=()
-    mapfile -t manquants < <(paquets_manquants)
+    mapfile -t manquants < <(paquets_manquants "$@")
     [ ${#manquants[@]} -gt 0 ] || return 0
 
     dire "Paquets à installer : ${manquants[*]}"
