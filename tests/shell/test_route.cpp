@@ -39,9 +39,11 @@ private slots:
             u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
             u"Montant DAS Annuelle Egal au Total DACs"_s};
         QCOMPARE(parcours.boites.last(fin.size()), fin);
-        QCOMPARE(ecrans,
-                 u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
-                 "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s.split(u' '));
+        QCOMPARE(
+            ecrans,
+            u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
+            "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s
+                .split(u' '));
     }
 };
 
