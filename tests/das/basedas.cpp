@@ -1,7 +1,6 @@
 #include "tests/das/basedas.h"
 
 #include "das/genredas.h"
-#include "rules/identite.h"
 
 #include <algorithm>
 
@@ -18,12 +17,6 @@ BaseDas::BaseDas()
     base.RsEnteteDas.ouvrir();
     // No test pulls the plug.
     base.Cnx.executer(u"PRAGMA synchronous = OFF"_s);
-}
-
-QString BaseDas::numero(int rang)
-{
-    const QString chiffres = u"882345"_s + QString::number(rang).rightJustified(4, u'0');
-    return chiffres + CleSS(chiffres);
 }
 
 CleDeclaration BaseDas::entete(qint64 type, Currency somme, qint64 effectif, int annee)

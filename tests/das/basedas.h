@@ -11,9 +11,6 @@ public:
 
     static constexpr QStringView employeur = u"12345678";
 
-    /// The number of a national in whom no rule finds a fault, with its key. @param rang 0 to 9999
-    static QString numero(int rang);
-
     /// Adds a header and makes it the current one.
     CleDeclaration entete(qint64 type = 1, Currency somme = {}, qint64 effectif = 0, int annee = 2024);
     /// Adds a line; columns that are not given tell of a whole year.

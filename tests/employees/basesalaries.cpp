@@ -1,5 +1,7 @@
 #include "tests/employees/basesalaries.h"
 
+#include "rules/identite.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +19,12 @@ BaseSalaries::BaseSalaries()
                                     {u"003", u"Albanie"},
                                     {u"005", u"Allemagne"}})
         base.RsNationalite.ajouter({{u"ID"_s, code}, {u"Libelle"_s, nom}});
+}
+
+QString BaseSalaries::numero(int rang)
+{
+    const QString chiffres = u"882345"_s + QString::number(rang).rightJustified(4, u'0');
+    return chiffres + CleSS(chiffres);
 }
 
 void BaseSalaries::ajouter(const QString &numero, qint64 cpt_z, const Champs &champs)

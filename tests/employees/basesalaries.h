@@ -9,6 +9,8 @@ class BaseSalaries : public BaseEssai
 public:
     BaseSalaries();
 
+    /// The number of a national in whom no rule finds a fault, with its key. @param rang 0 to 9999
+    static QString numero(int rang);
     /// Adds an employee; columns that are not given get those of a national with everything in order.
     void ajouter(const QString &numero, qint64 cpt_z, const Champs &champs = {});
 };

@@ -4,6 +4,7 @@
 #include "ui_champslignedac.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 
 #include <algorithm>
 
@@ -52,6 +53,9 @@ void ChampsLigneDac::ecrire(const FicheLigneDac &fiche)
     m_ui->MskDateES->setText(fiche.MskDateES);
     m_ui->TxtAssiette->setText(fiche.TxtAssiette);
     m_ui->TxtNbJT->setText(fiche.TxtNbJT);
+    // The letter of the next line is a search of its own, however fast the clerk types.
+    for (const QComboBox *liste : {m_ui->CmbES, m_ui->CmbDT})
+        liste->view()->keyboardSearch({});
 }
 
 void ChampsLigneDac::vider()
