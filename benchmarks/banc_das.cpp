@@ -1,18 +1,35 @@
+#include "dac/controledac.h"
+#include "dac/exportdac.h"
+#include "dac/genredac.h"
+#include "dac/screens/frm_add_lndac.h"
 #include "das/controledas.h"
 #include "das/exportdas.h"
 #include "das/formulaires.h"
 #include "das/genredas.h"
 #include "das/importdas.h"
 #include "das/lignedas.h"
+#include "das/transfertdas.h"
+#include "declarations/entetes.h"
+#include "declarations/exportdeclaration.h"
 #include "declarations/lignes.h"
+#include "declarations/transfert.h"
+#include "rules/calendrier.h"
 #include "rules/dialogue.h"
+#include "screens/contexte.h"
+#include "screens/dernierrecours.h"
 #include "screens/impression.h"
 #include "screens/miseenpage.h"
+#include "tests/commun/menutemoin.h"
+#include "tests/dac/basedac.h"
 #include "tests/das/basedas.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QPushButton>
 
 #include <benchmark/benchmark.h>
 
@@ -21,6 +38,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int plusGrande = 100'000;
 
 /// Says yes to everything, and nothing.
 class Muet : public Dialogue
@@ -176,7 +195,140 @@ void ecrirePdf(benchmark::State &etat)
         enregistrerPdf(MiseEnPage(*DataReport3(essai.base, essai.base.RsEnteteDas.courant(), muet)), chemin);
 }
 
-constexpr int plusGrande = 100'000;
+std::map<int64_t, std::unique_ptr<BaseDac>> basesDac;
+
+/// One nominative declaration a size; that of 10,000 lines among 200,000 employees.
+BaseDac &declarationDac(int64_t lignes)
+{
+    std::unique_ptr<BaseDac> &base = basesDac[lignes];
+    if (!base) {
+        base = std::make_unique<BaseDac>();
+        base->peuplerDac(static_cast<int>(lignes), lignes == 10'000 ? 200'000 : 0);
+        base->entete();
+        base->accorder();
+        base->base.Cnx.executer(u"PRAGMA synchronous = FULL"_s);
+    }
+    return *base;
+}
+
+/// The bulk entry over a declaration.
+struct Saisie
+{
+    explicit Saisie(BaseDac &essai)
+        : lignes(essai.base, genreDac(), cleEntete(genreDac(), essai.base.RsEnteteDac.courant())),
+          contexte{essai.base, muet, recours, bornes, menu}
+    {
+    }
+
+    Muet muet;
+    DernierRecours recours{muet, [] {}};
+    BornesDePeriode bornes;
+    MenuTemoin menu;
+    LignesDeclaration lignes;
+    Contexte contexte;
+};
+
+void ouvrirSaisieDac(benchmark::State &etat)
+{
+    Saisie saisie(declarationDac(etat.range(0)));
+    for (auto _ : etat) {
+        frm_add_Lndac fenetre(saisie.contexte, saisie.lignes, nullptr);
+        fenetre.show();
+        QApplication::processEvents();
+    }
+}
+
+/// From the last Enter to the lists with the new line.
+void enregistrerLigneDac(benchmark::State &etat)
+{
+    BaseDac &essai = declarationDac(etat.range(0));
+    Saisie saisie(essai);
+    frm_add_Lndac fenetre(saisie.contexte, saisie.lignes, nullptr);
+    fenetre.show();
+    auto *employes = fenetre.findChild<QAbstractItemView *>(u"DataGrid1"_s);
+    QModelIndex employe = employes->model()->index(plusGrande, 0);
+    while (employe.data(Qt::ForegroundRole).isValid()) // one who has a line
+        employe = employe.siblingAtRow(employe.row() + 1);
+    employes->setCurrentIndex(employe);
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        const auto avant = saisie.lignes.liste().nombre();
+        fenetre.findChild<QPushButton *>(u"CmdAff"_s)->click();
+        fenetre.findChild<QComboBox *>(u"CmbES"_s)->setCurrentIndex(0);
+        fenetre.findChild<QComboBox *>(u"CmbDT"_s)->setCurrentIndex(0);
+        fenetre.findChild<QLineEdit *>(u"MskDateES"_s)->setText(u"01/01/2020"_s);
+        fenetre.findChild<QLineEdit *>(u"TxtAssiette"_s)->setText(u"30000"_s);
+        fenetre.findChild<QLineEdit *>(u"TxtNbJT"_s)->setText(u"22"_s);
+        QApplication::processEvents();
+        etat.ResumeTiming();
+        fenetre.findChild<QPushButton *>(u"cmdok"_s)->click();
+        QApplication::processEvents();
+        if (saisie.lignes.liste().nombre() != avant + 1) {
+            etat.SkipWithError("refused");
+            break;
+        }
+    }
+    essai.base.Cnx.executer(u"DELETE FROM Ligne_Dac WHERE rowid > ?"_s, {etat.range(0)});
+    essai.accorder();
+}
+
+void controlerDac(benchmark::State &etat)
+{
+    BaseDac &essai = declarationDac(etat.range(0));
+    Muet muet;
+    for (auto _ : etat) {
+        if (!CtrlDacNominative(essai.base, BaseDac::employeur.toString(), BaseDac::periode.toString(), 1,
+                               muet))
+            etat.SkipWithError("refused");
+    }
+}
+
+void ecrireFichierDac(benchmark::State &etat)
+{
+    BaseDac &essai = declarationDac(etat.range(0));
+    const QTemporaryDir dossier;
+    Muet muet(dossier.filePath(u"dac.txt"_s));
+    for (auto _ : etat) {
+        if (!exporter(fichierDac(), essai.base, essai.base.RsEnteteDac.courant(), false, muet))
+            etat.SkipWithError("refused");
+    }
+}
+
+/// The lines of a declaration into a new one, with full synchronisation.
+void transfererLignes(benchmark::State &etat, Base &base, const TransfertLignes &transfert,
+                      const ChoixTransfert &choix)
+{
+    const GenreDeclaration &genre = transfert.entetes.genre;
+    (base.*genre.entetes)
+        .ajouter({{genre.employeur, choix.employeur},
+                  {transfert.entetes.periode, choix.destination},
+                  {transfert.entetes.type, 1}});
+    Recordset montrees(base.Cnx, (base.*genre.lignes).table());
+    montrees.ouvrir(lignesATransferer(transfert, choix.employeur, choix.source));
+    const Condition copies = lignesATransferer(transfert, choix.employeur, choix.destination);
+    const QString vider = u"DELETE FROM [%1] WHERE %2"_s.arg(montrees.table(), copies.sql);
+    Muet muet;
+    for (auto _ : etat) {
+        if (!transferer(base, transfert, choix, montrees, muet))
+            etat.SkipWithError("refused");
+        etat.PauseTiming();
+        base.Cnx.executer(vider, copies.valeurs);
+        etat.ResumeTiming();
+    }
+    (base.*genre.entetes).supprimer((base.*genre.entetes).courant());
+}
+
+void transfererDas(benchmark::State &etat)
+{
+    transfererLignes(etat, declaration(etat.range(0)).base, transfertDas(),
+                     {BaseDas::employeur.toString(), u"2024"_s, u"2025"_s});
+}
+
+void transfererDac(benchmark::State &etat)
+{
+    transfererLignes(etat, declarationDac(etat.range(0)).base, transfertDac(),
+                     {BaseDac::employeur.toString(), BaseDac::periode.toString(), u"202402"_s});
+}
 
 BENCHMARK(ouvrirLignes)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 BENCHMARK(ajouterLigne)
@@ -188,6 +340,12 @@ BENCHMARK(controler)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchma
 BENCHMARK(importerFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 BENCHMARK(montrerApercu)->Range(10'000, 10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ecrirePdf)->Range(10'000, 10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(transfererDas)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(transfererDac)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ouvrirSaisieDac)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(enregistrerLigneDac)->Arg(10'000)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK(controlerDac)->Arg(plusGrande)->Unit(benchmark::kMillisecond);
+BENCHMARK(ecrireFichierDac)->Arg(plusGrande)->Unit(benchmark::kMillisecond);
 BENCHMARK(ecrireFichier)->RangeMultiplier(10)->Range(1000, plusGrande)->Unit(benchmark::kMillisecond);
 
 } // namespace
@@ -198,6 +356,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    basesDac.clear();
     bases.clear(); // while the database drivers are still there
     return 0;
 }

@@ -12,5 +12,10 @@ public:
     static constexpr QStringView periode = u"202401";
 
     /// That many nationals in whom no rule finds a fault, each with a line of his own in the declaration 1.
-    void peuplerDac(int lignes);
+    /// @param salaries how many there are in all, when not each has a line
+    void peuplerDac(int lignes, int salaries = 0);
+    /// A header that declares nothing; it becomes the current one.
+    void entete(qint64 type = 1);
+    /// Brings sums and declared figures of the headers to those of the lines, without the count of entries.
+    void accorder();
 };

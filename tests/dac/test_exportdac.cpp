@@ -20,22 +20,10 @@ class Donnees : public BaseDac
 public:
     Donnees()
     {
-        base.RsEnteteDac.ouvrir();
-        base.RsPeriode.ouvrir();
         base.RsPeriode.ajouter({{u"Code"_s, periode}, {u"Etat"_s, u"N"_s}});
         peuplerDac(2);
-        entete(1);
-    }
-
-    void entete(int type)
-    {
-        base.RsEnteteDac.ajouter({{u"NumEmployeur"_s, employeur},
-                                  {u"Periode"_s, periode},
-                                  {u"Type_Dac"_s, type},
-                                  {u"Assiette"_s, Currency::deDixMilliemes(600'000'003)},
-                                  {u"Effectif_total"_s, 2},
-                                  {u"Assiette_Calc"_s, Currency::deDixMilliemes(600'000'003)},
-                                  {u"Effectif_Calc"_s, Currency::deEntier(2)}});
+        entete();
+        accorder();
     }
 
     QByteArray fichier()
@@ -134,6 +122,7 @@ private slots:
 
         essai.entete(2);
         essai.base.Cnx.executer(u"UPDATE Ligne_Dac SET Type_dac = 2"_s);
+        essai.accorder();
         essai.base.Cnx.executer(u"DELETE FROM Periode"_s); // the file stands all the same
         const QString choisi = foyer.chemin() + u"/a.txt"_s;
         const QString propose = u"12345678_DAC_NOMINATIVE_202401_2.txt"_s;

@@ -37,11 +37,7 @@ public:
     /// A header of the first period, opened in its window.
     std::unique_ptr<frmDecNom> entete(qint64 type = 1)
     {
-        base.RsEnteteDac.ajouter({{u"NumEmployeur"_s, employeur},
-                                  {u"Periode"_s, periode},
-                                  {u"Type_Dac"_s, type},
-                                  {u"Assiette"_s, Currency()},
-                                  {u"Effectif_total"_s, 0}});
+        BaseDac::entete(type);
         return ouvrir(new frmDecNom(contexte));
     }
 
