@@ -1,0 +1,6 @@
+#pragma once
+
+struct GenreDeclaration;
+
+/// The claim for a site stopped by bad weather.
+const GenreDeclaration &genreCi();
