@@ -1,5 +1,6 @@
 #include "shell/entreesdemenu.h"
 
+#include "ci/screens/frmentci.h"
 #include "dac/screens/frmdecnom.h"
 #include "dac/screens/frmexpdac.h"
 #include "das/screens/frmentdas.h"
@@ -58,7 +59,7 @@ QList<EntreeDeMenu> entreesDeMenu()
         {u"wTransfLgDas", u"Transfert Lignes DAS", 'G', u"das", transfert<frmexpdas>, Permise, QStyle::SP_ArrowRight},
         {u"wdetail", u"Détail Das", 0, u"das", {}, Eteinte},
         {u"wci", u"Chômage Intempérie", 0, u"wDecl"},
-        {u"wTraitCi", u"Traitement CI", 'I', u"wci", {}, Permise, QStyle::SP_FileDialogContentsView},
+        {u"wTraitCi", u"Traitement CI", 'I', u"wci", ecran<FrmEntCi>, Permise, QStyle::SP_FileDialogContentsView},
         {u"wdecmentrim", u"Déclaration mensuelle ou trimestrielle", 0, u"wDecl", {}, Eteinte, SansIcone, u"wActiverDac"},
         {u"wTraitDecNom", u"Traitement Déclaration Nominative", 0, u"wdecmentrim", ecran<frmDecNom>, Permise, QStyle::SP_FileDialogContentsView},
         {u"wTransLgDac", u"Transfert Ligne Dac", 0, u"wdecmentrim", transfert<frmexpdac>, Permise, QStyle::SP_ArrowRight},

@@ -1,3 +1,5 @@
+#include "ci/enteteci.h"
+#include "ci/ligneci.h"
 #include "employees/controleaffiliation.h"
 #include "reference/banques.h"
 #include "reference/employeurs.h"
@@ -66,6 +68,11 @@ const QStringList chemins{
     u"wTraitDecNom cmddetail cmdajt cmdins"_s,
     u"wTraitDecNom cmddetail cmdmod"_s,
     u"wTransLgDac"_s,
+    u"wTraitCi"_s,
+    u"wTraitCi cmdmod"_s,
+    u"wTraitCi cmddetail"_s,
+    u"wTraitCi cmddetail cmdajt"_s,
+    u"wTraitCi cmddetail cmdmod"_s,
     u"wvalidate"_s,
     u"wGen"_s,
 };
@@ -76,6 +83,7 @@ const QSet<QString> champsDeTexte{
     u"NomMere"_s,     u"PrenomMere"_s,   u"profesedit"_s,     u"villeEdit"_s,
     u"TxtEmail"_s,    u"Rais_SocEdit"_s, u"AdresseEdit"_s,    u"mailEdit"_s,
     u"AbreviatBnq"_s, u"LibelleBnq"_s,   u"cherchedit"_s,     u"qt_spinbox_lineedit"_s,
+    u"txtAgBnq"_s,
 };
 
 } // namespace
@@ -169,6 +177,10 @@ private slots:
                                  {u"NumEmployeur"_s, BaseDas::employeur},
                                  {u"Periode"_s, u"202401"},
                                  {u"Type_dac"_s, 1}});
+        base.RsEnteteCi.ajouter(
+            {{u"N_Identifiant"_s, u"123456780000000001"}, {u"N_employeur"_s, BaseDas::employeur}});
+        base.RsDetailCi.ajouter(
+            {{u"N_Identif"_s, u"123456780000000001"}, {u"N_SecSoc"_s, BaseDas::numero(1)}, {u"Cpt_z"_s, 1}});
         m_principale = std::make_unique<MDIForm>(base, m_dialogue, m_recours, m_bornes, entreesDeMenu());
         m_principale->show();
         Banc::activer(*m_principale);
@@ -243,6 +255,9 @@ private slots:
         presents({u"wImp ajouterBtn"_s, u"wImp Command1"_s}, controlesEmployeur);
         presents({u"wbnq ajouterBtn"_s, u"wbnq Command1"_s}, controlesBanque);
         presents({u"wsal cmdajt"_s, u"wsal cmdmodif"_s}, controlesSalarie);
+        presents({u"wTraitCi"_s}, controlesEnteteCi);
+        presents({u"wTraitCi cmdmod"_s}, controlesModificationEnteteCi);
+        presents({u"wTraitCi cmddetail cmdajt"_s, u"wTraitCi cmddetail cmdmod"_s}, controlesLigneCi);
     }
 
     /// The number of a line: picked, given up behind a save, and handed on to the entry of an employee.
