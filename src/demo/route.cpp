@@ -1,21 +1,18 @@
 #include "demo/route.h"
 
+#include "demo/commis.h"
 #include "demo/personnel.h"
 #include "rules/identite.h"
 #include "rules/nombre.h"
 #include "shell/programme.h"
 #include "storage/lieux.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
@@ -32,81 +29,7 @@ const QString Campagne = u"2024"_s;
 /// What is keyed for each of the first three quarters of the campaign; the last one gets the rest.
 constexpr qint64 SalairesDUnTrimestre = 2'000'000;
 
-QString texte(const char16_t *chaine) { return QString::fromUtf16(chaine); }
-
 QString deuxDecimales(Currency montant) { return formatMasque(montant, u"########0.00"); }
-
-template <typename T = QWidget>
-T *champ(const QWidget &ecran, const QString &nom)
-{
-    T *trouve = ecran.findChild<T *>(nom);
-    if (!trouve)
-        qFatal("%s: no control %s", qPrintable(ecran.objectName()), qPrintable(nom));
-    return trouve;
-}
-
-QString focus()
-{
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : u"nothing"_s;
-}
-
-void attendreFocus(const QString &nom)
-{
-    if (!QTest::qWaitFor([&] { return focus() == nom; }))
-        qFatal("%s has the focus and not %s", qPrintable(focus()), qPrintable(nom));
-}
-
-/// Key by key. QTest::keyClicks() knows no small letter with an accent.
-void taper(const QString &touches)
-{
-    for (const QChar c : touches) {
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key(c.toUpper().unicode()),
-                            QString(c), Qt::NoModifier);
-    }
-}
-
-void touche(Qt::Key touche) { QTest::keyClick(QApplication::focusWidget(), touche); }
-
-/// Goes to a field as the tabulator does, and types.
-void remplir(const QWidget &ecran, const QString &nom, const QString &touches)
-{
-    champ(ecran, nom)->setFocus(Qt::TabFocusReason);
-    attendreFocus(nom);
-    // Letters that follow each other within an interval are one search in a list: here begins a new one.
-    if (const auto *liste = ecran.findChild<QComboBox *>(nom))
-        liste->view()->keyboardSearch({});
-    taper(touches);
-}
-
-void cliquer(const QWidget &ecran, const QString &nom)
-{
-    auto *bouton = champ(ecran, nom);
-    if (!bouton->isEnabled())
-        qFatal("%s: %s is greyed", qPrintable(ecran.objectName()), qPrintable(nom));
-    QTest::mouseClick(bouton, Qt::LeftButton, {}, {10, bouton->height() / 2}); // a check box is narrow
-}
-
-/// Makes the window the one that gets the keys; a window system does that when it is shown.
-void activer(QWidget &fenetre)
-{
-    fenetre.activateWindow();
-    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == &fenetre; }))
-        qFatal("the window %s is not active", qPrintable(fenetre.objectName()));
-}
-
-/// Runs in the window that the next action opens modally, and leaves it closed.
-void dansLaFenetre(const QString &nom, const std::function<void(QWidget &)> &action)
-{
-    QTimer::singleShot(0, qApp, [nom, action] {
-        QWidget *fenetre = QApplication::activeModalWidget();
-        if (!fenetre || fenetre->objectName() != nom)
-            qFatal("the window %s has not opened", qPrintable(nom));
-        activer(*fenetre);
-        action(*fenetre);
-        if (fenetre->isVisible())
-            fenetre->close();
-    });
-}
 
 /// The hand that answers the boxes: OK or Oui to each, and to each file dialog the exported file, or the next
 /// printed form where one is to be saved.
@@ -157,11 +80,11 @@ private:
 };
 
 /// The clerk, from the main window on.
-class Route
+class Route : Commis
 {
 public:
     Route(QMainWindow &principale, Parcours &parcours, const MontrerEcran &montrer)
-        : m_principale(principale), m_parcours(parcours), m_montrer(montrer)
+        : Commis(principale, montrer), m_parcours(parcours)
     {
     }
 
@@ -180,43 +103,6 @@ public:
     }
 
 private:
-    void montrer(QWidget &ecran)
-    {
-        QTest::qWait(0); // what is still to be laid out
-        if (m_montrer)
-            m_montrer(ecran);
-    }
-
-    /// Clicks through the menus down to an entry.
-    void ouvrirMenu(const QStringList &noms)
-    {
-        activer(m_principale);
-        auto *menu = champ<QMenu>(m_principale, noms.first());
-        QMenuBar *barre = m_principale.menuBar();
-        QTest::mouseClick(barre, Qt::LeftButton, {}, barre->actionGeometry(menu->menuAction()).center());
-        for (const QString &nom : noms.sliced(1)) {
-            if (!QTest::qWaitFor([&] { return menu->isVisible(); }))
-                qFatal("the menu %s has not opened", qPrintable(menu->objectName()));
-            auto *action = champ<QAction>(m_principale, nom);
-            auto *dessous = m_principale.findChild<QMenu *>(nom);
-            if (dessous)
-                action = dessous->menuAction();
-            if (!action->isEnabled())
-                qFatal("the entry %s is greyed", qPrintable(nom));
-            QMenu *dessus = std::exchange(menu, dessous);
-            QTest::mouseClick(dessus, Qt::LeftButton, {}, dessus->actionGeometry(action).center());
-        }
-    }
-
-    QWidget &ouvrir(const QStringList &menu, const QString &nom)
-    {
-        ouvrirMenu(menu);
-        auto *ecran = champ(m_principale, nom);
-        if (!QTest::qWaitFor([&] { return ecran->isVisible(); }))
-            qFatal("the window %s has not opened", qPrintable(nom));
-        return *ecran;
-    }
-
     void campagne()
     {
         QWidget &ecran = ouvrir({u"wFich"_s, u"wannee"_s}, u"frmannee"_s);
@@ -411,9 +297,7 @@ private:
         QTest::mouseClick(onglets, Qt::LeftButton, {}, onglets->tabRect(rang).center());
     }
 
-    QMainWindow &m_principale;
     Parcours &m_parcours;
-    const MontrerEcran &m_montrer;
     Currency m_total;
 };
 
