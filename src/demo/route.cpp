@@ -2,6 +2,7 @@
 
 #include "demo/commis.h"
 #include "demo/personnel.h"
+#include "demo/routeci.h"
 #include "rules/identite.h"
 #include "rules/nombre.h"
 #include "shell/programme.h"
@@ -99,6 +100,7 @@ public:
         salaries();
         declaration();
         validation();
+        m_parcours.fichierCi = declarerArret(*this, Employeur);
         ouvrirMenu({u"wFich"_s, u"wquit"_s});
     }
 

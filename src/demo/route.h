@@ -6,11 +6,12 @@
 
 class QWidget;
 
-/// What a walk along the road of one annual declaration left behind.
+/// What a walk along the roads of an annual declaration and of a claim left behind.
 struct Parcours
 {
-    /// The file that the program exported.
+    /// The file of the annual declaration that the program exported, and that of the claim.
     QString fichier;
+    QString fichierCi;
     /// The printed forms, each a PDF.
     QStringList formulaires;
     /// The texts of all boxes, in the order of their coming.
@@ -22,6 +23,7 @@ using MontrerEcran = std::function<void(QWidget &ecran)>;
 
 /// Starts the program on an empty home folder and walks the whole road of one annual declaration as a clerk
 /// does, through its menu and its windows by keys and clicks: campaign, employer, nationalities, twelve
-/// employees, header, lines, printed forms, export, validation, comparison with the nominative declarations.
-/// A warning, a failure or a control that is missing ends the process with a message.
+/// employees, header, lines, printed forms, export, validation, comparison with the nominative declarations;
+/// then a claim for bad weather with its lines and its export. A warning, a failure or a control that is
+/// missing ends the process with a message.
 Parcours parcourirRoute(int argc, char **argv, const MontrerEcran &montrer = {});

@@ -1,5 +1,6 @@
 #include "demo/route.h"
 #include "storage/lieux.h"
+#include "tests/commun/horloge.h"
 #include "tests/storage/foyer.h"
 
 #include <QDir>
@@ -16,6 +17,7 @@ class TestRoute : public QObject
 private slots:
     void declarationAnnuelle()
     {
+        arreterHorloge(QDate(2024, 9, 15));
         Foyer foyer;
         QStringList ecrans;
         char nom[] = "das-korvandel";
@@ -25,11 +27,16 @@ private slots:
 
         QCOMPARE(parcours.fichier, dossierExpor() + u"/20045017_DAS_2024.txt"_s);
         QVERIFY(parcours.fichier.startsWith(foyer.chemin()));
-        const QByteArray attendu = lireFichier(QFINDTESTDATA("fichiers/20045017_DAS_2024.txt"));
-        QVERIFY(!attendu.isEmpty());
-        QCOMPARE(lireFichier(parcours.fichier), attendu);
+        for (const auto &[ecrit, voulu] :
+             {std::pair{parcours.fichier, QFINDTESTDATA("fichiers/20045017_DAS_2024.txt")},
+              std::pair{parcours.fichierCi, QFINDTESTDATA("fichiers/200450170000000001_CI.txt")}}) {
+            const QByteArray attendu = lireFichier(voulu);
+            QVERIFY(!attendu.isEmpty());
+            QCOMPARE(lireFichier(ecrit), attendu);
+        }
 
-        // A warning would have ended the walk; these are its last four boxes.
+        // A warning would have ended the walk; these are its last boxes.
+        const QString ligneCi = u"Ligne Ci ajoutée avec succès !"_s;
         const QStringList fin{
             u"Numéro SS : 000000000000  de l'employé  ZIANE    INÈS n'est pas valide, il sera pris en charge "
             u", "
@@ -37,13 +44,18 @@ private slots:
             "sécurité social "_s,
             u"DAS exportée avec succès vers "_s + QDir::toNativeSeparators(parcours.fichier),
             u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
-            u"Montant DAS Annuelle Egal au Total DACs"_s};
+            u"Montant DAS Annuelle Egal au Total DACs"_s,
+            ligneCi,
+            ligneCi,
+            ligneCi,
+            u"Fichier Liste Nominative exportée avec succès vers "_s +
+                QDir::toNativeSeparators(parcours.fichierCi)};
         QCOMPARE(parcours.boites.last(fin.size()), fin);
-        QCOMPARE(
-            ecrans,
-            u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
-            "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide FrmDasValide"_s
-                .split(u' '));
+        QCOMPARE(ecrans,
+                 u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
+                 "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide "
+                 "FrmDasValide "
+                 "FrmEntCi frm_add_LnCi frmlnCi"_s.split(u' '));
     }
 };
 
