@@ -32,6 +32,8 @@ struct ChampsLigne
         PrenomMere,
         Nin,
         ActeNaissance,
+        CommuneNaissance,
+        Fonction,
         Autre, ///< any field that nothing looks at
         NombreChamps,
     };
@@ -64,6 +66,8 @@ struct ChampsLigne
             u"PrenomMere",
             u"NIN",
             u"Acte Naissance",
+            u"Commune Naissance",
+            u"Fonction",
             u"",
         };
         return labels[champ];

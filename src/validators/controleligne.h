@@ -1,12 +1,9 @@
 #pragma once
 
+#include "rules/date.h"
 #include "validators/champsligne.h"
 #include "validators/decoupeur.h"
 #include "validators/listeserreurs.h"
-
-#include <QDate>
-
-#include <optional>
 
 /// How grave an error of a line is.
 enum class Classe {
@@ -52,6 +49,12 @@ protected:
     bool est(Champ champ, QChar lettre) const
     {
         return m_champs[champ].size() == 1 && m_champs[champ][0] == lettre;
+    }
+
+    /// A day that a rule can't do without. @throws ErreurConversion where there is none
+    static QDate jour(const std::optional<QDate> &date, QStringView texte)
+    {
+        return date ? *date : lireDate(texte);
     }
 
     // Rewriting in place.

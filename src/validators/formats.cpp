@@ -4,6 +4,7 @@
 #include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
 #include "validators/marque.h"
+#include "validators/validateurdac.h"
 #include "validators/validateurdas.h"
 
 #include <QIODevice>
@@ -66,5 +67,14 @@ Format formatDe(QIODevice &source)
 
 std::unique_ptr<Validateur> nouveauValidateur(Format format)
 {
-    return format == Format::Das ? std::make_unique<ValidateurDas>() : nullptr;
+    switch (format) {
+    case Format::Das:
+        return std::make_unique<ValidateurDas>();
+    case Format::Dac:
+        return std::make_unique<ValidateurDac>();
+    case Format::Ci:
+    case Format::Inconnu:
+        break;
+    }
+    return nullptr;
 }

@@ -5,6 +5,10 @@
 namespace {
 
 constexpr std::array marquesDas{fonds::MarqueDas};
+constexpr std::array marquesDac{fonds::MarqueDac};
+
+/// The longest time worked in a quarter.
+constexpr int dureeMaximaleDac(QChar unite) { return unite == u'H' ? 720 : 90; }
 
 } // namespace
 
@@ -47,4 +51,47 @@ constexpr ParticularitesSalaires particularitesDas{
                .mots = u" est Différent de M(Mois), J(Jour) ou H(Heure)",
                .classe = Classe::RejetDur},
     .dureeMaximale = fonds::dureeMaximale,
+};
+
+constexpr ParticularitesSalaires particularitesDac{
+    .cadre =
+        {
+            .nom = u"DAC",
+            .marques = marquesDac,
+            .fautePremiereLigne =
+                u"Erreur Format de la Première Ligne incorrecte   \nVeuillez corriger SVP !!!",
+            .anomalieAussi = true,
+            .titreChoix = u"Dac INFO",
+            .titreDebut = u"DAC INFO",
+            .titreEntete = u"DAC INFO",
+            .titreSuite = u"DAC INFO",
+            .separateur = u"sépateur",
+            .finApresCompte = false,
+            .motsAvecValeur = false,
+            .resultats = {u"LabDAC", u"LabDAC2"},
+            .montantDesLignes = u"Total Lignes DAC",
+            .nombreDesLignes = u"Total Nb Salariés Lignes DAC",
+            .celuiDeLentete = u"Entête DAC",
+            .masqueEcart = u"## ### ### ### ###.00",
+            .egaliteTue = false,
+        },
+    .placePeriode = 25,
+    .longueurPeriode = 6,
+    .fauteEmployeur =
+        u"Erreur N° Employeur ou la période déclarée -  Deuxième Ligne différent du Nom du Fichier ",
+    .labelPeriode = u"Periode Deuxième Ligne différente du Nom du Fichier!!!",
+    .numeroNul = u"Numéro DAC Nul!!! Il Doit Etre Supérieur à 0 !!!",
+    .numero = u"Numéro DAC Non Numérique ou Négatif",
+    .montant = u"Montant Total des assiettes Non Numérique ou Négatif",
+    .nonNumerique = Classe::RejetDur,
+    .finCleFausse = u"!",
+    .motsNom = u" est Vide",
+    .chiffresRefuses = false,
+    .motsNationaliteVide = u" est Vide",
+    .motsSansSalaire = u" est Non Numérique",
+    .unites = {.lettres = u"JH",
+               .mots = u" est Différent de J(Jour) ou H(Heure)",
+               .classe = Classe::RejetDur,
+               .motsListe = u" est Différent de  J(Jour) ou H(Heure)"},
+    .dureeMaximale = dureeMaximaleDac,
 };

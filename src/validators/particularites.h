@@ -59,3 +59,4 @@ struct ParticularitesSalaires
 };
 
 extern const ParticularitesSalaires particularitesDas;
+extern const ParticularitesSalaires particularitesDac;

@@ -31,9 +31,6 @@ std::optional<QDate> dansLesTextes(QDate date)
     return date.year() >= 100 && date.year() <= 9999 ? std::optional(date) : std::nullopt;
 }
 
-/// A day that a rule can't do without. @throws ErreurConversion where there is none
-QDate jour(const std::optional<QDate> &date, QStringView texte) { return date ? *date : lireDate(texte); }
-
 } // namespace
 
 ValidateurDas::ValidateurDas() : ValidateurSalaires(particularitesDas) {}

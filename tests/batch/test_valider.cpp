@@ -213,13 +213,13 @@ private slots:
              {QByteArray("\t das korvandel ver 3.0 \n"), QByteArray(), QByteArray("D"), bruit})
             juger({}, inconnu, {}, {u"Format inconnu"_s});
         juger({}, " das korvandel ver 3.0\t\n", u"DAS"_s, {u"FICHIER INCOMPLET !!!!!!!!!!!"_s});
-        juger({}, "DAC NOMINATIVE KORVANDEL VER 1.0\r\n", u"DAC"_s,
-              {u"Le format DAC n'a pas de validateur."_s});
+        juger({}, "DAC NOMINATIVE KORVANDEL VER 1.0\r\n", u"DAC"_s, {u"FICHIER INCOMPLET !!!!!!!!!!!"_s});
         for (const char *version : {"1.0", "2.0"}) {
             juger({}, QByteArray("DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER ") + version, u"CI"_s,
                   {u"Le format CI n'a pas de validateur."_s});
         }
-        juger(u"Dac"_s, bon, u"DAC"_s, {u"Le format DAC n'a pas"_s});
+        juger(u"Dac"_s, bon, u"DAC"_s,
+              {u"Erreur Format de la Première Ligne incorrecte   \n"_s, anomalie});
         juger(u"DAS"_s, {}, u"DAS"_s, {u"FICHIER VIDE !!!!!!!!!!!"_s});
         juger({}, marque + entete + bruit, u"DAS"_s, {anomalie});
         const QString texte = QString::fromLatin1(bon);

@@ -1,13 +1,11 @@
 #include "rules/erreurs.h"
-#include "rules/texte.h"
 #include "tests/commun/dialoguescenario.h"
+#include "tests/validators/fichierdessai.h"
 #include "validators/formats.h"
 #include "validators/impression.h"
 #include "validators/validateurdas.h"
 
-#include <QBuffer>
 #include <QFile>
-#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -20,30 +18,13 @@ const QString retournee =
     u"Votre Das Contient des Erreurs !!!\nElle sera retournée par la KORVANDEL !!!\nVeuillez Corriger votre Fichier avant envoi, S.V.P!!!"_s;
 const QString tauxSS =
     u"Votre DAS sera retourné par la KORVANDEL, un taux de %1  % de salariés uniquement possèdent un numéro SS valide"_s;
-const QString marque = u"DAS KORVANDEL VER 3.0"_s;
-const QString nomBon = u"12345678_DAS_2024.txt"_s;
-
-/// A line without a fault, a national who entered long before the campaign of 2024.
-const QString bonneLigne =
-    u"801234000168;BENALI;Karim;M;15/03/1980;Oran;Cité des Érables;Oran;31000;N;N;123456768;;;;maçon;1000.50;"
-    "12;M;01/09/2010;E;M;0550112233;a.b@c.dz;;004;Ali;ZIANI;Lou;119800315012340001;01234;"_s;
-
-/// The good line with changes such as "21=S|20=01/09/2024".
-QStringList ligneAvec(const QString &changements)
-{
-    QStringList champs = QStringList{{}} + bonneLigne.chopped(1).split(u';');
-    for (const QString &changement : changements.split(u'|', Qt::SkipEmptyParts)) {
-        const auto egal = changement.indexOf(u'=');
-        champs[changement.first(egal).toInt()] = changement.sliced(egal + 1);
-    }
-    return champs;
-}
-
-QString joindreChamps(const QStringList &champs) { return champs.sliced(1).join(u';') + u';'; }
+const QString marque = essaiDas.marque;
+const QString nomBon = essaiDas.nom;
+const QString bonneLigne = essaiDas.bonneLigne;
 
 QStringList lignesDe(int nombre, const QString &changements = {})
 {
-    return QStringList(nombre, joindreChamps(ligneAvec(changements)));
+    return QStringList(nombre, ligneAvec(bonneLigne, changements));
 }
 
 /// A plain box, under the application's title where it has none of its own.
@@ -71,18 +52,7 @@ Verdict extraire(Validateur &validateur, const QStringList &lignes, const Attent
 {
     DialogueScenario dialogue;
     dialogue.attendre(boites);
-    QBuffer source;
-    source.setData(encoder(lignes.join(u"\r\n"_s)));
-    return validateur.extraire(source, nom, dialogue);
-}
-
-QString libelle(const Validateur &validateur, const QString &nom)
-{
-    for (const Validateur::Libelle &libelle : validateur.libelles()) {
-        if (libelle.nom == nom)
-            return libelle.texte;
-    }
-    return u"(no such label)"_s;
+    return extraire(validateur, lignes, nom, dialogue);
 }
 
 } // namespace
@@ -92,72 +62,6 @@ class TestValidateurDas : public QObject
     Q_OBJECT
 
 private slots:
-    void ligne_data()
-    {
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<QStringList>("erreurs");
-        QFile table(QFINDTESTDATA("regles.txt"));
-        QVERIFY(table.open(QIODevice::ReadOnly));
-        QString nom, change;
-        QStringList erreurs;
-        const auto deposer = [&] {
-            if (!nom.isEmpty())
-                QTest::newRow(qPrintable(nom)) << change << erreurs;
-        };
-        for (const QString &ligne : QString::fromUtf8(table.readAll()).split(u'\n')) {
-            const auto crochet = ligne.indexOf(u'[');
-            if (ligne.startsWith(u'=')) {
-                deposer();
-                nom = ligne.first(crochet);
-                change = ligne.sliced(crochet + 1).chopped(1);
-                erreurs.clear();
-            } else if (!ligne.isEmpty() && !ligne.startsWith(u'#')) {
-                erreurs.append(ligne);
-            }
-        }
-        deposer();
-    }
-
-    // The changed line stands behind twenty good ones and the header counts one employee, so that the rates
-    // are good whatever the line holds: the file is returned when, and only when, a fault of class R is in
-    // it.
-    void ligne()
-    {
-        QFETCH(QString, change);
-        QFETCH(QStringList, erreurs);
-        const auto deClasse = [&](const char *debut) {
-            return erreurs.filter(QRegularExpression(QLatin1String(debut)));
-        };
-        const QStringList rejets = deClasse("^[Rr] "), sansIncidence = deClasse("^H ");
-        const bool dur = !deClasse("^R ").isEmpty();
-        Attentes boites{resume(rejets.size(), sansIncidence.size())};
-        if (dur)
-            boites += retour;
-
-        ValidateurDas validateur;
-        const QStringList lignes =
-            QStringList{marque, u"12345678;2024;1;0;1;"_s} + lignesDe(20) + lignesDe(1, change);
-        QCOMPARE(extraire(validateur, lignes, boites), dur ? Verdict::Rejetee : Verdict::Acceptee);
-
-        const QStringList champs = QString(lignes.last()).replace(u'\'', u' ').split(u';');
-        const QString nom = champs[1].trimmed() + u' ' + champs[2].trimmed();
-        const auto comparer = [&](const ListesErreurs &listes, const QStringList &attendues) {
-            QCOMPARE(listes.taille(), attendues.size());
-            for (qsizetype i = 0; i < listes.taille(); ++i) {
-                QCOMPARE(QString(u'[' + listes.Entrees[i] + u"]["_s + listes.E[i] + u']'),
-                         attendues[i].sliced(2));
-                QCOMPARE(listes.O[static_cast<std::size_t>(i)], 21);
-                QCOMPARE(listes.N[i], champs[0].trimmed());
-                QCOMPARE(listes.NP[i], nom);
-            }
-        };
-        comparer(validateur.rejets, rejets);
-        comparer(validateur.sansIncidence, sansIncidence);
-        QCOMPARE(validateur.nbErrRejet, rejets.size());
-        QCOMPARE(validateur.nbErrOK, sansIncidence.size());
-        QCOMPARE(validateur.nbLignes, 21);
-    }
-
     // A line that takes the failure path: what it listed before stays, it is not counted.
     void ligneEnEchec()
     {
@@ -184,7 +88,7 @@ private slots:
                                              {u"20="_s, 1},
                                              {u"20=31/06/2024"_s, 1},
                                              {QString(u"17="_s + QString(400, u'9')), 0}})
-            echouer(joindreChamps(ligneAvec(change)), rejets);
+            echouer(ligneAvec(bonneLigne, change), rejets);
     }
 
     void entete()
