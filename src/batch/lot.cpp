@@ -46,11 +46,9 @@ Resultat validerFichier(const QString &chemin, Format impose)
         resultat.validateur = nouveauValidateur(resultat.format);
         if (resultat.validateur)
             resultat.verdict = resultat.validateur->extraire(*fichier, nom, dialogue);
-        else if (resultat.format == Format::Inconnu)
+        else
             dialogue.critique(
                 u"Format inconnu : la première ligne du fichier n'est celle d'aucune déclaration."_s);
-        else
-            dialogue.critique(u"Le format %1 n'a pas de validateur."_s.arg(nomFormat(resultat.format)));
     } catch (const Erreur &erreur) {
         resultat.validateur.reset();
         dialogue.critique(erreur.texte());

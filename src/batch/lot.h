@@ -30,7 +30,7 @@ struct Resultat
     QString fichier;
     Format format = Format::Inconnu;
     QList<Boite> messages;
-    /// The validator as the extraction left it; none where the format has none or the file can't be read.
+    /// The validator as the extraction left it; none where the format is unknown or the file can't be read.
     std::unique_ptr<Validateur> validateur;
     Verdict verdict = Verdict::Interrompue;
 };

@@ -34,6 +34,12 @@ struct ChampsLigne
         ActeNaissance,
         CommuneNaissance,
         Fonction,
+        Profession,
+        DateEmbauche,
+        DateArret,
+        DateReprise,
+        SalaireHoraire,
+        SalaireIndemnise,
         Autre, ///< any field that nothing looks at
         NombreChamps,
     };
@@ -68,6 +74,12 @@ struct ChampsLigne
             u"Acte Naissance",
             u"Commune Naissance",
             u"Fonction",
+            u"Profession",
+            u"Date Embauche",
+            u"Date Arret",
+            u"Date Reprise",
+            u"Salaire Horraire",
+            u"Salaire Indemnise",
             u"",
         };
         return labels[champ];

@@ -28,10 +28,14 @@ void ControleLigne::vider()
     m_champs = {};
 }
 
-void ControleLigne::decouper(QByteArrayView octets, std::span<const Champ> colonnes)
+void ControleLigne::decouper(QByteArrayView octets, std::span<const Champ> colonnes,
+                             std::span<const int> largeurs)
 {
     m_coupes.resize(colonnes.size());
-    m_decoupeur.decouper(octets, m_coupes);
+    if (largeurs.empty())
+        m_decoupeur.decouper(octets, m_coupes);
+    else
+        m_decoupeur.decouper(octets, largeurs, m_coupes);
     for (std::size_t i = 0; i < colonnes.size(); ++i)
         m_champs[colonnes[i]] = m_coupes[i];
 }

@@ -35,13 +35,17 @@ public:
 
 protected:
     /// @param motsAvecValeur whether the words for the print show the field's value as the entry does
-    explicit ControleLigne(bool motsAvecValeur) : m_motsAvecValeur(motsAvecValeur) {}
+    ControleLigne(bool motsAvecValeur, bool apostrophesEnBlancs)
+        : m_decoupeur(apostrophesEnBlancs), m_motsAvecValeur(motsAvecValeur)
+    {
+    }
     ~ControleLigne() = default;
 
     void vider();
 
     /// Cuts a line of the file. @param colonnes the fields in the order of the file
-    void decouper(QByteArrayView octets, std::span<const Champ> colonnes);
+    /// @param largeurs of a line of fixed columns; without them the fields end at ";"
+    void decouper(QByteArrayView octets, std::span<const Champ> colonnes, std::span<const int> largeurs = {});
 
     QStringView &valeur(Champ champ) { return m_champs[champ]; }
     QStringView valeur(Champ champ) const { return m_champs[champ]; }

@@ -42,15 +42,28 @@ void Decoupeur::decouper(QByteArrayView octets, std::span<QStringView> champs)
         fin = place - octets.begin();
         reste = place + 1;
     }
-    const qsizetype taille = reste - octets.begin();
-    if (m_tampon.size() < taille)
-        m_tampon.resize(taille);
-    decoder(octets.first(taille), reinterpret_cast<char16_t *>(m_tampon.data()), true);
-
-    const QStringView texte(m_tampon);
+    const QStringView ligne = texte(octets.first(reste - octets.begin()));
     qsizetype debut = 0;
     for (std::size_t i = 0; i < champs.size(); ++i) {
-        champs[i] = Trim(texte.sliced(debut, m_fins[i] - debut));
+        champs[i] = Trim(ligne.sliced(debut, m_fins[i] - debut));
         debut = m_fins[i] + 1;
     }
+}
+
+void Decoupeur::decouper(QByteArrayView octets, std::span<const int> largeurs, std::span<QStringView> champs)
+{
+    QStringView reste = texte(octets);
+    for (std::size_t i = 0; i < champs.size(); ++i) {
+        const QStringView champ = i + 1 < champs.size() ? debutDe(reste, largeurs[i]) : reste;
+        reste = reste.sliced(champ.size());
+        champs[i] = Trim(champ);
+    }
+}
+
+QStringView Decoupeur::texte(QByteArrayView octets)
+{
+    if (m_tampon.size() < octets.size())
+        m_tampon.resize(octets.size());
+    decoder(octets, reinterpret_cast<char16_t *>(m_tampon.data()), m_apostrophesEnBlancs);
+    return QStringView(m_tampon).first(octets.size());
 }

@@ -4,6 +4,7 @@
 #include "rules/fonds.h"
 #include "rules/lecteurlignes.h"
 #include "validators/marque.h"
+#include "validators/validateurci.h"
 #include "validators/validateurdac.h"
 #include "validators/validateurdas.h"
 
@@ -73,6 +74,7 @@ std::unique_ptr<Validateur> nouveauValidateur(Format format)
     case Format::Dac:
         return std::make_unique<ValidateurDac>();
     case Format::Ci:
+        return std::make_unique<ValidateurCi>();
     case Format::Inconnu:
         break;
     }

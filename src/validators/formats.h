@@ -19,5 +19,5 @@ Format formatDeNom(QStringView nom);
 /// behind it. @throws ErreurFichier when the source can't be read
 Format formatDe(QIODevice &source);
 
-/// A fresh validator of the format; none where the format has no validator.
+/// A fresh validator of the format; none for an unknown one.
 std::unique_ptr<Validateur> nouveauValidateur(Format format);

@@ -6,6 +6,9 @@ namespace {
 
 constexpr std::array marquesDas{fonds::MarqueDas};
 constexpr std::array marquesDac{fonds::MarqueDac};
+constexpr std::array marquesCi{fonds::MarqueCi1, fonds::MarqueCi};
+
+constexpr QStringView titreCi = u"Fichier Déclaration nominative CI";
 
 /// The longest time worked in a quarter.
 constexpr int dureeMaximaleDac(QChar unite) { return unite == u'H' ? 720 : 90; }
@@ -27,6 +30,7 @@ constexpr ParticularitesSalaires particularitesDas{
             .separateur = u"sépateur",
             .finApresCompte = true,
             .motsAvecValeur = true,
+            .apostrophesEnBlancs = true,
             .resultats = {u"LabDAS", u"LabDAS2"},
             .montantDesLignes = u"Total Lignes DAS",
             .nombreDesLignes = u"Total Nb Salariés Lignes DAS",
@@ -68,6 +72,7 @@ constexpr ParticularitesSalaires particularitesDac{
             .separateur = u"sépateur",
             .finApresCompte = false,
             .motsAvecValeur = false,
+            .apostrophesEnBlancs = true,
             .resultats = {u"LabDAC", u"LabDAC2"},
             .montantDesLignes = u"Total Lignes DAC",
             .nombreDesLignes = u"Total Nb Salariés Lignes DAC",
@@ -94,4 +99,26 @@ constexpr ParticularitesSalaires particularitesDac{
                .classe = Classe::RejetDur,
                .motsListe = u" est Différent de  J(Jour) ou H(Heure)"},
     .dureeMaximale = dureeMaximaleDac,
+};
+
+constexpr Particularites particularitesCi{
+    .nom = u"CI",
+    .marques = marquesCi,
+    .fautePremiereLigne = u"Erreur Première Ligne différente de DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER "
+                          u"1.0 ou 2.0\nVeuillez corriger SVP !!!",
+    .anomalieAussi = false,
+    .titreChoix = u"DAS INFO",
+    .titreDebut = titreCi,
+    .titreEntete = u"DAS INFO",
+    .titreSuite = titreCi,
+    .separateur = u"séparateur",
+    .finApresCompte = false,
+    .motsAvecValeur = true,
+    .apostrophesEnBlancs = false,
+    .resultats = {u"LabDAS", u"LabDAS2"},
+    .montantDesLignes = u"Cumul Montant indemnisé du Fichier déclaration nominative",
+    .nombreDesLignes = u"Total Nb Salariés du Fichier",
+    .celuiDeLentete = u"Entête Fichier",
+    .masqueEcart = u"## ### ### ###.##",
+    .egaliteTue = true,
 };

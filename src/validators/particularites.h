@@ -13,14 +13,15 @@ struct Particularites
     QStringView nom;                      ///< of the declaration, in the title of the printed list
     std::span<const QStringView> marques; ///< the first lines that are taken
     QStringView fautePremiereLigne;
-    bool anomalieAussi;      ///< a wrong first line takes the failure path as well
-    QStringView titreChoix;  ///< of the boxes on no file, another extension, an empty file
-    QStringView titreDebut;  ///< of those on the first line and a missing header
-    QStringView titreEntete; ///< of the faults of the header
-    QStringView titreSuite;  ///< of all others that have no title of their own; empty: the application's
-    QStringView separateur;  ///< a word of the failure box
-    bool finApresCompte;     ///< a line end behind the counts in the first result label
-    bool motsAvecValeur;     ///< the words for the print show the field's value
+    bool anomalieAussi;       ///< a wrong first line takes the failure path as well
+    QStringView titreChoix;   ///< of the boxes on no file, another extension, an empty file
+    QStringView titreDebut;   ///< of those on the first line and a missing header
+    QStringView titreEntete;  ///< of the faults of the header
+    QStringView titreSuite;   ///< of all others that have no title of their own; empty: the application's
+    QStringView separateur;   ///< a word of the failure box
+    bool finApresCompte;      ///< a line end behind the counts in the first result label
+    bool motsAvecValeur;      ///< the words for the print show the field's value
+    bool apostrophesEnBlancs; ///< in data lines
     std::array<QStringView, 2> resultats; ///< the names of the two result labels
 
     // The totals of the lines against the header.
@@ -60,3 +61,4 @@ struct ParticularitesSalaires
 
 extern const ParticularitesSalaires particularitesDas;
 extern const ParticularitesSalaires particularitesDac;
+extern const Particularites particularitesCi;

@@ -30,7 +30,8 @@ QString ecartDesNombres(qint64 lignes, QStringView entete)
 } // namespace
 
 Validateur::Validateur(const Particularites &particularites)
-    : ControleLigne(particularites.motsAvecValeur), m_particularites(particularites)
+    : ControleLigne(particularites.motsAvecValeur, particularites.apostrophesEnBlancs),
+      m_particularites(particularites)
 {
 }
 

@@ -216,7 +216,7 @@ private slots:
         juger({}, "DAC NOMINATIVE KORVANDEL VER 1.0\r\n", u"DAC"_s, {u"FICHIER INCOMPLET !!!!!!!!!!!"_s});
         for (const char *version : {"1.0", "2.0"}) {
             juger({}, QByteArray("DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER ") + version, u"CI"_s,
-                  {u"Le format CI n'a pas de validateur."_s});
+                  {u"FICHIER INCOMPLET !!!!!!!!!!!"_s});
         }
         juger(u"Dac"_s, bon, u"DAC"_s,
               {u"Erreur Format de la Première Ligne incorrecte   \n"_s, anomalie});

@@ -31,6 +31,12 @@ inline const FichierDessai essaiDac{
     u"801234000168;BENALI;Karim;15/03/1980;N;01234;3101;Ali;ZIANI;Lou;N;119800315012340001;123456768;;maçon;"
     "50000,50;12;J;01/09/2010;E;0550112233;a.b@c.dz;;004;Cité des Érables;"_s};
 
+/// The line: somebody whose site stood still in January 2024.
+inline const FichierDessai essaiCi{
+    u"123456780000000001_CI.txt"_s, u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 2.0"_s,
+    u"123456780000000001;05/01/2024;12/01/2024;0;1;0;0;0;40;00712345678901234561;AGENCE;0660112233;"_s,
+    u"801234000168;BENALI;Karim;15/03/1980;maçon;01/09/2010;05/01/2024;12/01/2024;40;100,00;3000;"_s};
+
 /// The good line with changes such as "21=S|20=01/09/2024".
 inline QString ligneAvec(const QString &bonneLigne, const QString &changements)
 {

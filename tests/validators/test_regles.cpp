@@ -18,7 +18,9 @@ struct Regles
 
 const Regles das{"regles.txt", Format::Das, essaiDas};
 const Regles dac{"reglesdac.txt", Format::Dac, essaiDac};
+const Regles ci{"reglesci.txt", Format::Ci, essaiCi};
 const Regles fichiersDac{"fichiersdac.txt", Format::Dac, essaiDac};
+const Regles fichiersCi{"fichiersci.txt", Format::Ci, essaiCi};
 
 const QHash<Verdict, QString> verdicts{{Verdict::Acceptee, u"acceptee"_s},
                                        {Verdict::Rejetee, u"rejetee"_s},
@@ -70,7 +72,7 @@ private slots:
     void ligne_data()
     {
         colonnes();
-        for (const Regles *regles : {&das, &dac})
+        for (const Regles *regles : {&das, &dac, &ci})
             lire(*regles);
     }
 
@@ -99,9 +101,11 @@ private slots:
                  u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : %1\n  - Sans Incidence : %2"_s
                      .arg(rejets.size())
                      .arg(sansIncidence.size()));
-        QCOMPARE(dialogue.boites.last().icone == Icone::Avertissement, dur);
+        QCOMPARE(dialogue.boites.last().icone == (regles == &ci ? Icone::Critique : Icone::Avertissement),
+                 dur);
 
-        const QStringList champs = QString(changee).replace(u'\'', u' ').split(u';');
+        const QStringList champs =
+            (regles == &ci ? changee : QString(changee).replace(u'\'', u' ')).split(u';');
         const QString nom = champs[1].trimmed() + u' ' + champs[2].trimmed();
         const auto comparer = [&](const ListesErreurs &listes, const QStringList &attendues) {
             QCOMPARE(listes.taille(), attendues.size());
@@ -126,6 +130,7 @@ private slots:
         QTest::addColumn<int>("lignes");
         QTest::addColumn<int>("sansIncidence");
         QTest::newRow("12345678_DAC_NOMINATIVE_2024T1.txt") << 3 << 3;
+        QTest::newRow("123456780000000001_CI .txt") << 3 << 0;
     }
 
     void exporte()
@@ -145,6 +150,7 @@ private slots:
     {
         colonnes();
         lire(fichiersDac);
+        lire(fichiersCi);
     }
 
     // What is told of the file (N its name, M the mark, E the header, L a count of good lines and their
