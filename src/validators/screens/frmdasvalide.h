@@ -6,7 +6,7 @@
 class QLineEdit;
 
 namespace Ui {
-class FrmDasValide;
+class OngletDacs;
 }
 
 /// Validation of an annual declaration's file before it goes to the fund.
@@ -22,6 +22,7 @@ protected:
     void avantExtraction() override;
 
 private:
+    void ajouterOnglet();
     SaisieDacs saisie() const;
     void SommeDacs();
     void ViderDacs();
@@ -30,5 +31,5 @@ private:
     void remettreTitres();
 
     std::array<QLineEdit *, SaisieDacs::Nombre> m_boites{};
-    std::unique_ptr<Ui::FrmDasValide> m_ui;
+    std::unique_ptr<Ui::OngletDacs> m_ui;
 };

@@ -6,6 +6,7 @@
 #include "screens/focus.h"
 #include "screens/impression.h"
 #include "screens/miseenpage.h"
+#include "ui_frmvalidateur.h"
 #include "validators/impression.h"
 #include "validators/screens/modeleerreurs.h"
 
@@ -14,14 +15,8 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -61,67 +56,90 @@ void elargirEntree(QTableView &table)
 
 } // namespace
 
-FrmValidateur::FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> validateur)
-    : m_contexte(contexte), m_validateur(std::move(validateur))
+FrmValidateur::FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> validateur,
+                             const PresentationValidateur &presentation)
+    : m_contexte(contexte), m_cadre(std::make_unique<Ui::FrmValidateur>()),
+      m_validateur(std::move(validateur))
 {
     CDImprimer = [this](QPrinter &imprimante) {
         return QPrintDialog(&imprimante, this).exec() == QDialog::Accepted;
     };
+    m_cadre->setupUi(this);
+    setObjectName(presentation.nom.toString());
+    setWindowTitle(presentation.titre.toString());
+    placerEntete(presentation.entete);
+    const QList<Validateur::Libelle> resultats = m_validateur->libellesResultat();
+    m_cadre->LabResultat->setObjectName(resultats[0].nom);
+    m_cadre->LabResultat2->setObjectName(resultats[1].nom);
+    relier();
 }
 
 FrmValidateur::~FrmValidateur() = default;
 
+void FrmValidateur::placerEntete(std::span<const LibelleEntete> entete)
+{
+    for (const LibelleEntete &libelle : entete) {
+        auto *titre = new QLabel(libelle.titre.toString());
+        titre->setObjectName(u"Cap"_s + libelle.nom);
+        auto *valeur = new QLabel;
+        valeur->setObjectName(libelle.nom.toString());
+        valeur->setAccessibleName(libelle.nomAccessible.toString());
+        valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        valeur->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+        valeur->setMinimumWidth(libelle.largeur);
+        valeur->setTextFormat(Qt::PlainText);
+        valeur->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        m_cadre->grilleEntete->addWidget(titre, libelle.ligne, libelle.colonne);
+        m_cadre->grilleEntete->addWidget(valeur, libelle.ligne, libelle.colonne + 1, 1, libelle.etendue);
+    }
+}
+
 void FrmValidateur::relier()
 {
-    m_onglets = findChild<QTabWidget *>(u"SSTab1"_s);
-    m_avancement = findChild<QProgressBar *>(u"BarreExtraction"_s);
-    m_onglets->setEnabled(false);
-    m_onglets->setCurrentIndex(0);
-    m_avancement->hide();
+    m_cadre->SSTab1->setEnabled(false);
+    m_cadre->SSTab1->setCurrentIndex(0);
+    m_cadre->BarreExtraction->hide();
     boutonsParEntree(*this);
-    relierListe(u"ListeErrRejet"_s, m_validateur->rejets);
-    relierListe(u"ListeErrOK"_s, m_validateur->sansIncidence);
+    relierListe(*m_cadre->ListeErrRejet, *m_cadre->DetailListeErrRejet, m_validateur->rejets);
+    relierListe(*m_cadre->ListeErrOK, *m_cadre->DetailListeErrOK, m_validateur->sansIncidence);
     actualiser();
 
     m_validateur->surAvancement = [this](qint64 lus, qint64 total) { avancer(lus, total); };
-    const auto surClic = [this](const QString &bouton, auto action) {
-        m_contexte.dernierRecours.connecter(findChild<QPushButton *>(bouton), &QPushButton::clicked, this,
-                                            action);
+    const auto surClic = [this](QPushButton *bouton, auto action) {
+        m_contexte.dernierRecours.connecter(bouton, &QPushButton::clicked, this, action);
     };
-    surClic(u"CmdExtFichier"_s, [this] { extraire(); });
-    surClic(u"CmdImprimer"_s, [this] { imprimer(m_validateur->rejets); });
-    surClic(u"CmdImprimerOK"_s, [this] { imprimer(m_validateur->sansIncidence); });
-    surClic(u"CmdApercu"_s, [this] { montrer(m_validateur->rejets); });
-    surClic(u"CmdApercuOK"_s, [this] { montrer(m_validateur->sansIncidence); });
-    fermerPar(*findChild<QPushButton *>(u"cmdexit"_s), *this);
+    surClic(m_cadre->CmdExtFichier, [this] { extraire(); });
+    surClic(m_cadre->CmdImprimer, [this] { imprimer(m_validateur->rejets); });
+    surClic(m_cadre->CmdImprimerOK, [this] { imprimer(m_validateur->sansIncidence); });
+    surClic(m_cadre->CmdApercu, [this] { montrer(m_validateur->rejets); });
+    surClic(m_cadre->CmdApercuOK, [this] { montrer(m_validateur->sansIncidence); });
+    fermerPar(*m_cadre->cmdexit, *this);
 }
 
-void FrmValidateur::relierListe(const QString &nom, const ListesErreurs &listes)
+void FrmValidateur::relierListe(QTableView &table, QPlainTextEdit &detail, const ListesErreurs &listes)
 {
-    auto *table = findChild<QTableView *>(nom);
     auto *modele = new ModeleErreurs(listes, this);
     m_modeles.append(modele);
-    table->setModel(modele);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
-    const int chiffre = table->fontMetrics().horizontalAdvance(u'0');
-    table->setColumnWidth(ModeleErreurs::Ligne, 10 * chiffre);
-    table->setColumnWidth(ModeleErreurs::Entree, 100 * chiffre);
-    table->setColumnWidth(ModeleErreurs::Numero, 17 * chiffre);
-    table->setColumnWidth(ModeleErreurs::Nom, 32 * chiffre);
-    table->setHorizontalScrollMode(QTableView::ScrollPerPixel);
-    table->horizontalHeader()->setHighlightSections(false);
+    table.setModel(modele);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
+    const int chiffre = table.fontMetrics().horizontalAdvance(u'0');
+    table.setColumnWidth(ModeleErreurs::Ligne, 10 * chiffre);
+    table.setColumnWidth(ModeleErreurs::Entree, 100 * chiffre);
+    table.setColumnWidth(ModeleErreurs::Numero, 17 * chiffre);
+    table.setColumnWidth(ModeleErreurs::Nom, 32 * chiffre);
+    table.setHorizontalScrollMode(QTableView::ScrollPerPixel);
+    table.horizontalHeader()->setHighlightSections(false);
 
     // The whole entry of the current row stands below the table, to be read and selected.
-    auto *detail = findChild<QPlainTextEdit *>(u"Detail"_s + nom);
-    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, detail,
-            [detail](const QModelIndex &courante) {
-                detail->setPlainText(courante.siblingAtColumn(ModeleErreurs::Entree).data().toString());
+    connect(table.selectionModel(), &QItemSelectionModel::currentRowChanged, &detail,
+            [&detail](const QModelIndex &courante) {
+                detail.setPlainText(courante.siblingAtColumn(ModeleErreurs::Entree).data().toString());
             });
-    connect(modele, &QAbstractItemModel::modelReset, detail, &QPlainTextEdit::clear);
+    connect(modele, &QAbstractItemModel::modelReset, &detail, &QPlainTextEdit::clear);
 
-    table->installEventFilter(this);
+    table.installEventFilter(this);
 }
 
 bool FrmValidateur::eventFilter(QObject *objet, QEvent *evenement)
@@ -153,7 +171,7 @@ void FrmValidateur::extraire()
 
     Verdict verdict = Verdict::Interrompue;
     const auto finir = qScopeGuard([&] {
-        m_avancement->hide();
+        m_cadre->BarreExtraction->hide();
         actualiser();
         for (auto *table : findChildren<QTableView *>()) {
             elargirEntree(*table);
@@ -162,7 +180,7 @@ void FrmValidateur::extraire()
         // The errors are read next; and one Enter too many for the boxes must not begin a new extraction.
         if (verdict == Verdict::Interrompue)
             return;
-        if (auto *table = m_onglets->currentWidget()->findChild<QTableView *>())
+        if (auto *table = m_cadre->SSTab1->currentWidget()->findChild<QTableView *>())
             table->setFocus();
     });
     m_depuisPeinture.start();
@@ -174,8 +192,9 @@ void FrmValidateur::avancer(qint64 lus, qint64 total)
     actualiser();
     if (lus < total && !m_depuisPeinture.hasExpired(PeintureMs))
         return;
-    m_avancement->setValue(total > 0 ? static_cast<int>(lus * m_avancement->maximum() / total) : 0);
-    m_avancement->setVisible(lus < total);
+    m_cadre->BarreExtraction->setValue(
+        total > 0 ? static_cast<int>(lus * m_cadre->BarreExtraction->maximum() / total) : 0);
+    m_cadre->BarreExtraction->setVisible(lus < total);
     // Clicks and keys wait until the run is over.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_depuisPeinture.start();
@@ -190,7 +209,7 @@ void FrmValidateur::actualiser()
         if (auto *label = findChild<QLabel *>(libelle.nom))
             label->setText(libelle.texte);
     }
-    m_onglets->setEnabled(m_validateur->ongletsPermis());
+    m_cadre->SSTab1->setEnabled(m_validateur->ongletsPermis());
 }
 
 void FrmValidateur::imprimer(const ListesErreurs &listes)

@@ -7,16 +7,40 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 
 class ModeleErreurs;
+class QPlainTextEdit;
 class QPrinter;
-class QProgressBar;
-class QTabWidget;
+class QTableView;
 struct Contexte;
 
-/// What the screens of the validators share: the choice of the file, the extraction with its progress, the
-/// two tables of errors, their print and its preview. A screen brings its controls, under the names that are
-/// the same on all, and labels named as its validator names them.
+namespace Ui {
+class FrmValidateur;
+}
+
+/// A label that shows a field of the header, and where its caption stands in the grid, left of it.
+struct LibelleEntete
+{
+    QStringView nom; ///< as the validator names it
+    QStringView titre;
+    QStringView nomAccessible;
+    int ligne;
+    int colonne;
+    int largeur;
+    int etendue = 1; ///< in columns
+};
+
+/// What a screen has of its own.
+struct PresentationValidateur
+{
+    QStringView nom;
+    QStringView titre;
+    std::span<const LibelleEntete> entete;
+};
+
+/// What the screens of the validators are: the choice of the file, the extraction with its progress, the two
+/// tables of errors, their print and its preview.
 class FrmValidateur : public QWidget
 {
     Q_OBJECT
@@ -26,11 +50,9 @@ public:
     std::function<bool(QPrinter &)> CDImprimer;
 
 protected:
-    FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> validateur);
+    FrmValidateur(Contexte &contexte, std::unique_ptr<Validateur> validateur,
+                  const PresentationValidateur &presentation);
     ~FrmValidateur() override;
-
-    /// To be called once the controls are there.
-    void relier();
 
     /// The start of every extraction, behind the emptying of lists and labels.
     virtual void avantExtraction() {}
@@ -38,9 +60,12 @@ protected:
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
     Contexte &m_contexte;
+    std::unique_ptr<Ui::FrmValidateur> m_cadre;
 
 private:
-    void relierListe(const QString &nom, const ListesErreurs &listes);
+    void placerEntete(std::span<const LibelleEntete> entete);
+    void relier();
+    void relierListe(QTableView &table, QPlainTextEdit &detail, const ListesErreurs &listes);
     void extraire();
     void avancer(qint64 lus, qint64 total);
     void actualiser();
@@ -49,7 +74,5 @@ private:
 
     std::unique_ptr<Validateur> m_validateur;
     QList<ModeleErreurs *> m_modeles;
-    QTabWidget *m_onglets = nullptr;
-    QProgressBar *m_avancement = nullptr;
     QElapsedTimer m_depuisPeinture;
 };
