@@ -14,7 +14,9 @@
 #include "reference/screens/frmannee.h"
 #include "reference/screens/frmperiode.h"
 #include "tools/screens/frmgencle.h"
+#include "validators/screens/frmdacvalide.h"
 #include "validators/screens/frmdasvalide.h"
+#include "validators/screens/frmfileci.h"
 
 namespace {
 
@@ -66,8 +68,8 @@ QList<EntreeDeMenu> entreesDeMenu()
 
         {u"woutil", u"&Outils", 0, nullptr},
         {u"wvalidate", u"Validation du fichier DAS", 'O', u"woutil", ecran<FrmDasValide>, Permise, QStyle::SP_FileDialogInfoView},
-        {u"wValidListNom", u"Validation du Fichier Liste Nominative", 0, u"woutil", {}, Permise, QStyle::SP_FileDialogInfoView},
-        {u"wValideDac", u"Validation de la DAC NOMINATIVE", 0, u"woutil", {}, Eteinte, QStyle::SP_FileDialogInfoView, u"wActiverDac"},
+        {u"wValidListNom", u"Validation du Fichier Liste Nominative", 0, u"woutil", ecran<FrmFileCI>, Permise, QStyle::SP_FileDialogInfoView},
+        {u"wValideDac", u"Validation de la DAC NOMINATIVE", 0, u"woutil", ecran<FrmDacValide>, Eteinte, QStyle::SP_FileDialogInfoView, u"wActiverDac"},
         // "Générerateur" is meant: the entry is known by that name.
         {u"wGen", u"Générerateur de clés", 0, u"woutil", ecran<FrmGenCle>, Eteinte, SansIcone, u"wActiverOutils"},
         {u"wActiverDac", u"Activer la déclaration nominative", 0, u"woutil", {}, Permise, SansIcone, nullptr, Coche},

@@ -218,8 +218,7 @@ private slots:
             juger({}, QByteArray("DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER ") + version, u"CI"_s,
                   {u"FICHIER INCOMPLET !!!!!!!!!!!"_s});
         }
-        juger(u"Dac"_s, bon, u"DAC"_s,
-              {u"Erreur Format de la Première Ligne incorrecte   \n"_s, anomalie});
+        juger(u"Dac"_s, bon, u"DAC"_s, {u"Erreur Format de la Première Ligne incorrecte   \n"_s, anomalie});
         juger(u"DAS"_s, {}, u"DAS"_s, {u"FICHIER VIDE !!!!!!!!!!!"_s});
         juger({}, marque + entete + bruit, u"DAS"_s, {anomalie});
         const QString texte = QString::fromLatin1(bon);

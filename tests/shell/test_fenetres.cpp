@@ -74,6 +74,8 @@ const QStringList chemins{
     u"wTraitCi cmddetail cmdajt"_s,
     u"wTraitCi cmddetail cmdmod"_s,
     u"wvalidate"_s,
+    u"wValidListNom"_s,
+    u"wValideDac"_s,
     u"wGen"_s,
 };
 

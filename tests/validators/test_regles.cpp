@@ -129,8 +129,11 @@ private slots:
     {
         QTest::addColumn<int>("lignes");
         QTest::addColumn<int>("sansIncidence");
-        QTest::newRow("12345678_DAC_NOMINATIVE_2024T1.txt") << 3 << 3;
-        QTest::newRow("123456780000000001_CI .txt") << 3 << 0;
+        QTest::addColumn<QString>("titre");
+        QTest::newRow("12345678_DAC_NOMINATIVE_2024T1.txt")
+            << 3 << 3 << u"LISTE DES ERREURS MODIFIEES DAC EMPLOYEUR N° 12345678 - ANNEE 2024T1"_s;
+        QTest::newRow("123456780000000001_CI .txt")
+            << 3 << 0 << u"LISTE DES ERREURS MODIFIEES CI EMPLOYEUR N° 12345678 - ANNEE 2024"_s;
     }
 
     void exporte()
@@ -142,6 +145,7 @@ private slots:
         QCOMPARE(resultat.validateur->nbErrRejet, 0);
         QTEST(int(resultat.validateur->nbErrOK), "sansIncidence");
         QTEST(int(resultat.validateur->nbLignes), "lignes");
+        QTEST(resultat.validateur->titreImpression(resultat.validateur->sansIncidence), "titre");
         for (const QChar ecart : {u'<', u'>'})
             QVERIFY(!resultat.validateur->libellesResultat()[1].texte.contains(ecart));
     }
