@@ -1,6 +1,5 @@
 #include "das/controledas.h"
 #include "das/exportdas.h"
-#include "declarations/exportdeclaration.h"
 #include "rules/texte.h"
 #include "storage/lieux.h"
 #include "tests/commun/dialoguescenario.h"
@@ -154,20 +153,6 @@ private slots:
             QVERIFY(!essai.exporter(false));
             QVERIFY(QDir(dossierExpor()).isEmpty());
         }
-    }
-
-    /// Where a failure is managed from the target on, that of the control is not.
-    void controleAvantLaCible()
-    {
-        Essai essai;
-        FichierDeclaration fichier = fichierDas();
-        fichier.gestion = FichierDeclaration::Gestion::DesLaCible;
-        fichier.apresSommes = [](Base &, const Enregistrement &, Dialogue &) -> bool {
-            throw ErreurConversion(u"x"_s);
-        };
-        QVERIFY_THROWS_EXCEPTION(
-            ErreurConversion,
-            exporter(fichier, essai.base, essai.base.RsEnteteDas.courant(), false, essai.dialogue));
     }
 
     void taux()
