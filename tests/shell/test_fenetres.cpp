@@ -148,6 +148,8 @@ class TestFenetres : public QObject
 
     void parcourir(const QString &chemin, const Action &action)
     {
+        // The windows of the last path are gone, as they are for a clerk between two clicks.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QStringList boutons = chemin.split(u' ');
         QWidget &feuille = ouvrir(boutons.takeFirst());
         bool fait = false;
