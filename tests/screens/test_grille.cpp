@@ -2,7 +2,7 @@
 #include "screens/fenetresaisie.h"
 #include "screens/fenetretable.h"
 #include "screens/focus.h"
-#include "storage/resultat.h"
+#include "storage/listerequete.h"
 #include "tests/screens/banc.h"
 #include "tests/storage/baseessai.h"
 
@@ -337,13 +337,13 @@ private slots:
                                                       {u"N_employeur"_s, numero},
                                                       {u"date_arret"_s, QDate(2024, 2, 9)},
                                                       {u"sum_calc"_s, Currency::deTexte(u"1234567.5")}});
-        Resultat resultat(m_banc->base.Cnx,
-                          {{u"numero"_s, u"e.num_emp"_s},
-                           {u"nom"_s, u"e.rais_soc"_s},
-                           {u"arret"_s, u"c.date_arret"_s, Genre::Jour},
-                           {u"somme"_s, u"c.sum_calc"_s, Genre::Montant},
-                           {u"effectif"_s, u"c.total_calc"_s, Genre::Entier}},
-                          1);
+        ListeRequete resultat(m_banc->base.Cnx,
+                              {{u"numero"_s, u"e.num_emp"_s},
+                               {u"nom"_s, u"e.rais_soc"_s},
+                               {u"arret"_s, u"c.date_arret"_s, Genre::Jour},
+                               {u"somme"_s, u"c.sum_calc"_s, Genre::Montant},
+                               {u"effectif"_s, u"c.total_calc"_s, Genre::Entier}},
+                              1);
         const QString depuis = u"FROM employeur AS e, Entete_CI AS c WHERE c.N_employeur = e.num_emp"_s;
         resultat.ouvrir(depuis, {}, u"e.rais_soc"_s);
         QWidget ecran;

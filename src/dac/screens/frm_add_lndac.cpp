@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<ColonneResultat> colonnesFaites()
+QList<ColonneRequete> colonnesFaites()
 {
     return {{u"Num_Salarie"_s, u"s.Num_Salarie"_s},
             {u"cpt_z"_s, u"s.cpt_z"_s, Genre::Entier},

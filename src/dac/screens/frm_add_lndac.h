@@ -1,8 +1,8 @@
 #pragma once
 
 #include "screens/fenetresaisie.h"
+#include "storage/listerequete.h"
 #include "storage/recordset.h"
-#include "storage/resultat.h"
 
 #include <QSet>
 
@@ -46,7 +46,7 @@ private:
 
     LignesDeclaration &m_lignes;
     Recordset m_salaries;
-    Resultat m_faites;
+    ListeRequete m_faites;
     QSet<Salarie> m_avecLigne;
     std::optional<Salarie> m_pris;
     std::unique_ptr<Ui::frm_add_Lndac> m_ui;

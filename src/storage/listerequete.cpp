@@ -1,19 +1,19 @@
-#include "storage/resultat.h"
+#include "storage/listerequete.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-Resultat::Resultat(Connexion &cnx, QList<ColonneResultat> colonnes, int cle, QObject *parent)
+ListeRequete::ListeRequete(Connexion &cnx, QList<ColonneRequete> colonnes, int cle, QObject *parent)
     : Liste(parent), m_cnx(cnx), m_colonnes(std::move(colonnes)), m_cle(cle)
 {
     QStringList noms;
-    for (const ColonneResultat &colonne : std::as_const(m_colonnes))
+    for (const ColonneRequete &colonne : std::as_const(m_colonnes))
         noms += colonne.nom;
     m_noms = std::make_shared<const QStringList>(std::move(noms));
 }
 
-void Resultat::ouvrir(const QString &depuis, const Valeurs &valeurs, const QString &ordre)
+void ListeRequete::ouvrir(const QString &depuis, const Valeurs &valeurs, const QString &ordre)
 {
     m_depuis = depuis;
     m_valeurs = valeurs;
@@ -22,10 +22,10 @@ void Resultat::ouvrir(const QString &depuis, const Valeurs &valeurs, const QStri
     requery();
 }
 
-void Resultat::requery()
+void ListeRequete::requery()
 {
     QStringList expressions;
-    for (const ColonneResultat &colonne : std::as_const(m_colonnes))
+    for (const ColonneRequete &colonne : std::as_const(m_colonnes))
         expressions += colonne.expression;
     QString ordre = m_ordre;
     for (const Tri &tri : std::as_const(m_tri)) {
@@ -53,19 +53,19 @@ void Resultat::requery()
     emit ligneCouranteChangee(m_courante);
 }
 
-QVariantList Resultat::cleDe(int ligne) const
+QVariantList ListeRequete::cleDe(int ligne) const
 {
     return ligne < 0 ? QVariantList() : m_lignes[static_cast<std::size_t>(ligne)].first(m_cle);
 }
 
-Enregistrement Resultat::ligne(int ligne) const
+Enregistrement ListeRequete::ligne(int ligne) const
 {
     if (ligne < 0 || ligne >= rowCount())
         return {};
     return Enregistrement(m_noms, m_lignes[static_cast<std::size_t>(ligne)]);
 }
 
-void Resultat::allerA(int ligne)
+void ListeRequete::allerA(int ligne)
 {
     if (ligne < 0 || ligne >= rowCount() || ligne == m_courante)
         return;
@@ -73,7 +73,7 @@ void Resultat::allerA(int ligne)
     emit ligneCouranteChangee(m_courante);
 }
 
-void Resultat::trier(const QString &colonne, Qt::SortOrder sens)
+void ListeRequete::trier(const QString &colonne, Qt::SortOrder sens)
 {
     const QList<Tri> avant = std::exchange(m_tri, {{colonne, sens}});
     try {
@@ -84,17 +84,17 @@ void Resultat::trier(const QString &colonne, Qt::SortOrder sens)
     }
 }
 
-int Resultat::rowCount(const QModelIndex &parent) const
+int ListeRequete::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_lignes.size());
 }
 
-int Resultat::columnCount(const QModelIndex &parent) const
+int ListeRequete::columnCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_colonnes.size());
 }
 
-QVariant Resultat::data(const QModelIndex &index, int role) const
+QVariant ListeRequete::data(const QModelIndex &index, int role) const
 {
     if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};

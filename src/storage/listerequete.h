@@ -6,7 +6,7 @@
 #include <vector>
 
 /// A column of a query: the name under which it is shown, what it is in SQL, and what it holds.
-struct ColonneResultat
+struct ColonneRequete
 {
     QString nom;
     QString expression;
@@ -15,13 +15,13 @@ struct ColonneResultat
 
 /// The rows of a query, of several tables for example, as a list to look at. All rows are read at once; the
 /// current one is found again by its key when the query is run again.
-class Resultat : public Liste
+class ListeRequete : public Liste
 {
     Q_OBJECT
 
 public:
     /// @param cle how many of the first columns tell the rows apart
-    Resultat(Connexion &cnx, QList<ColonneResultat> colonnes, int cle, QObject *parent = nullptr);
+    ListeRequete(Connexion &cnx, QList<ColonneRequete> colonnes, int cle, QObject *parent = nullptr);
 
     /// Runs the query. @param depuis its part from FROM on, without an order
     /// @param ordre what stands behind ORDER BY, as long as the clerk asks for no other
@@ -46,7 +46,7 @@ private:
     QVariantList cleDe(int ligne) const;
 
     Connexion &m_cnx;
-    QList<ColonneResultat> m_colonnes;
+    QList<ColonneRequete> m_colonnes;
     int m_cle;
     std::shared_ptr<const QStringList> m_noms;
     QString m_depuis;
