@@ -20,6 +20,7 @@ const FormeLignes &formeLignes()
                      {u"Nb_Heure"_s, u"Heures"_s},
                      {u"Salaire_Horaire"_s, u"Salaire horaire"_s},
                      {u"Mt_Indemnise"_s, u"Montant"_s}},
+        .largeur = 780,
         .bandeau =
             [](const CleDeclaration &cle) {
                 return BandeauLignes{u" Référence     :   "_s + cle.texte(u"N_Identifiant"), {}};

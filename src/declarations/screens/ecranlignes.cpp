@@ -19,6 +19,7 @@ EcranLignes::EcranLignes(Contexte &contexte, const LignesDeclaration &lignes, co
     setWindowTitle(forme.titre);
     m_ui->Frame1->setTitle(forme.titreListe);
     m_ui->DataGrid1->setAccessibleName(forme.titreListe);
+    m_ui->DataGrid1->setMinimumWidth(forme.largeur);
     m_ui->LabCCP->setVisible(forme.avecComptes);
     m_ui->LabBanque->setVisible(forme.avecComptes);
     relier({.grille = m_ui->DataGrid1,

@@ -23,6 +23,8 @@ struct FormeLignes
     QString titre;
     QString titreListe;
     QList<ColonneGrille> colonnes;
+    /// How much room the list has at least.
+    int largeur = 640;
     BandeauLignes (*bandeau)(const CleDeclaration &cle);
     /// Whether the accounts of the employee are shown beside the list.
     bool avecComptes = true;
