@@ -1,3 +1,4 @@
+#include "benchmarks/muet.h"
 #include "dac/controledac.h"
 #include "dac/exportdac.h"
 #include "dac/genredac.h"
@@ -14,7 +15,6 @@
 #include "declarations/lignes.h"
 #include "declarations/transfert.h"
 #include "rules/calendrier.h"
-#include "rules/dialogue.h"
 #include "screens/contexte.h"
 #include "screens/dernierrecours.h"
 #include "screens/impression.h"
@@ -40,24 +40,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int plusGrande = 100'000;
-
-/// Says yes to everything, and nothing.
-class Muet : public Dialogue
-{
-public:
-    explicit Muet(QString chemin = {}) : m_chemin(std::move(chemin)) {}
-    QString choisirFichier(const QString &, const QString &) override { return m_chemin; }
-    QString choisirDestination(const QString &, const QString &, const QString &) override
-    {
-        return m_chemin;
-    }
-
-protected:
-    bool montrer(const Boite &) override { return true; }
-
-private:
-    QString m_chemin;
-};
 
 std::map<int64_t, std::unique_ptr<BaseDas>> bases;
 
