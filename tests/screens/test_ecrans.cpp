@@ -2,18 +2,14 @@
 #include "screens/centrer.h"
 #include "screens/dernierrecours.h"
 #include "screens/dialogueqt.h"
-#include "screens/etatsfenetres.h"
 #include "screens/francais.h"
 #include "tests/commun/cas.h"
 #include "tests/screens/banc.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QGroupBox>
-#include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -112,26 +108,6 @@ private slots:
         QVERIFY(!recours.agir([] { throw ErreurBase(u"Premier échec."_s); }));
         QVERIFY(dialogue.acheve());
         QCOMPARE(suite, u"fait "_s + u"annule boite "_s.repeated(5));
-    }
-
-    void connexions()
-    {
-        DialogueScenario dialogue;
-        DernierRecours recours(dialogue, {});
-        QLineEdit champ;
-        QPushButton bouton;
-        QString recu;
-        recours.connecter(&champ, &QLineEdit::textChanged, this,
-                          [](const QString &texte) { throw ErreurBase(texte); });
-        recours.connecter(&champ, &QLineEdit::textChanged, this, [&](const QString &texte) { recu = texte; });
-        recours.connecter(&bouton, &QPushButton::clicked, &champ, &QLineEdit::clear);
-
-        dialogue.attendre({critique(u"refus"_s), critique({})});
-        champ.setText(u"refus"_s);
-        QCOMPARE(recu, u"refus"_s);
-        bouton.click();
-        QVERIFY(dialogue.acheve());
-        QCOMPARE(recu, QString());
     }
 
     void echecFatal()
@@ -340,19 +316,6 @@ private slots:
         seule.move(5, 5);
         seule.show(); // only the first time: a window that was moved stays where it was put
         QCOMPARE(seule.pos(), QPoint(5, 5));
-    }
-
-    void geometries()
-    {
-        reglages().clear();
-        for (const bool gardee : {false, true}) {
-            QWidget fenetre;
-            fenetre.setObjectName(u"essai"_s);
-            QCOMPARE(reprendreGeometrie(fenetre), gardee);
-            QCOMPARE(fenetre.size() == QSize(333, 222), gardee);
-            fenetre.setGeometry(30, 40, 333, 222);
-            garderGeometrie(fenetre);
-        }
     }
 };
 
