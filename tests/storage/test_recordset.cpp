@@ -99,6 +99,15 @@ private slots:
         QCOMPARE(rs.texte(u"num_salarie"), u"1"_s);
         rs.ouvrir();
         QCOMPARE(rs.nombre(), 4);
+        // The current row stays, or the first one is; behind one that another program took comes the next.
+        rs.allerA(2);
+        rs.filtrer({u"num_emp = ?"_s, {u"12345678"}});
+        QCOMPARE(rs.texte(u"num_salarie"), u"3"_s);
+        rs.filtrer({u"annee <> ?"_s, {2022}});
+        QCOMPARE(rs.texte(u"num_salarie"), u"1"_s);
+        cnx().executer(u"DELETE FROM ligne_das WHERE num_salarie = '1'"_s);
+        rs.requery();
+        QCOMPARE(rs.texte(u"num_salarie"), u"2"_s);
     }
 
     void changeParAilleurs()
