@@ -2,8 +2,6 @@
 
 #include "rules/identite.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 BaseSalaries::BaseSalaries()
@@ -29,35 +27,18 @@ QString BaseSalaries::numero(int rang)
 
 void BaseSalaries::ajouter(const QString &numero, qint64 cpt_z, const Champs &champs)
 {
-    Champs tous{{u"Num_Salarie"_s, numero},
-                {u"cpt_z"_s, cpt_z},
-                {u"nom"_s, u"DUPONT"},
-                {u"prenom"_s, u"JEAN"},
-                {u"sf"_s, u"M"},
-                {u"date_naiss"_s, QDate(1988, 3, 4)},
-                {u"adresse"_s, u"12 RUE DES ROSIERS"},
-                {u"num_cpt_ccp"_s, u"123456768"},
-                {u"profes"_s, u"MAÇON"},
-                {u"etranger"_s, u"N"},
-                {u"presume"_s, u"N"},
-                {u"sexe"_s, u"M"},
-                {u"CommuneNaiss"_s, u"0101"},
-                {u"IdNat"_s, u"004"},
-                {u"NumActeNaiss"_s, u"12345"},
-                {u"NIN"_s, u"109880123123450006"},
-                {u"telephone"_s, u"0550112233"},
-                {u"PrenomPere"_s, u"PAUL"},
-                {u"NomMere"_s, u"DURAND"},
-                {u"PrenomMere"_s, u"MARIE"}};
-    for (const Champ &champ : champs) {
-        const auto place = std::find_if(tous.begin(), tous.end(),
-                                        [&](const Champ &un) { return un.colonne == champ.colonne; });
-        if (place == tous.end())
-            tous.append(champ);
-        else
-            *place = champ;
-    }
-    base.Cnx.inserer(u"salarie"_s, tous);
+    base.Cnx.executer(
+        u"INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, sf, date_naiss, adresse, num_cpt_ccp, "
+        u"profes, "
+        "etranger, presume, sexe, CommuneNaiss, IdNat, NumActeNaiss, NIN, telephone, PrenomPere, NomMere, "
+        "PrenomMere) VALUES (?, ?, 'DUPONT', 'JEAN', 'M', '1988-03-04', '12 RUE DES ROSIERS', '123456768', "
+        "'MAÇON', 'N', 'N', 'M', '0101', '004', '12345', '109880123123450006', '0550112233', 'PAUL', "
+        "'DURAND', 'MARIE')"_s,
+        {numero, cpt_z});
+    for (const Champ &champ : champs)
+        base.Cnx.executer(
+            u"UPDATE salarie SET [%1] = ? WHERE Num_Salarie = ? AND cpt_z = ?"_s.arg(champ.colonne),
+            {champ.valeur, numero, cpt_z});
     base.RsSalarie.requery();
 }
 

@@ -183,15 +183,8 @@ class TestAffiliation : public QObject
 {
     Q_OBJECT
 
-    struct CasNumero
-    {
-        const char *nom;
-        QString ancien;
-        QString nouveau;
-        Attentes boites;
-        QString salarie; // his number behind, and that of his lines
-        QString lignes;
-    };
+    /// Old and new number, the boxes, then his number behind and that of his lines.
+    using CasNumero = std::tuple<const char *, QString, QString, Attentes, QString, QString>;
 
     BaseSalaries m_autres; ///< for the saves, with two other employees
 
@@ -591,16 +584,17 @@ private slots:
     void numero()
     {
         QFETCH(CasNumero, cas);
+        const auto &[nom, ancien, nouveau, boites, salarie, lignes] = cas;
         BaseSalaries donnees;
         // The employee in question, and others next to whom he must not be mistaken.
-        ajouterDeclare(donnees, cas.ancien, 3);
+        ajouterDeclare(donnees, ancien, 3);
         QStringList attendu;
-        const auto attendre = [&](const QString &salarie, const QString &lignes, int cpt_z) {
+        const auto attendre = [&](const QString &sien, const QString &des, int cpt_z) {
             for (const QString &table : {u"DAS"_s, u"DAC"_s, u"CI"_s})
-                attendu += u"%1|%2|%3"_s.arg(table, lignes).arg(cpt_z);
-            attendu += u"salarie|%1|%2"_s.arg(salarie).arg(cpt_z);
+                attendu += u"%1|%2|%3"_s.arg(table, des).arg(cpt_z);
+            attendu += u"salarie|%1|%2"_s.arg(sien).arg(cpt_z);
         };
-        attendre(cas.salarie, cas.lignes, 3);
+        attendre(salarie, lignes, 3);
         for (const auto &[autre, cpt_z] :
              {std::pair{sansNumero, 1}, {sansNumero, 2}, {numeroPris, 1}, {numeroFiche, 1}}) {
             ajouterDeclare(donnees, autre, cpt_z);
@@ -609,16 +603,16 @@ private slots:
         attendu.sort();
 
         DialogueScenario dialogue;
-        dialogue.attendre(cas.boites);
+        dialogue.attendre(boites);
         EcranNote note;
-        const bool refuse = changerNumero(donnees.base, cas.nouveau, dialogue, note).has_value();
+        const bool refuse = changerNumero(donnees.base, nouveau, dialogue, note).has_value();
         QVERIFY(dialogue.acheve());
         QCOMPARE(refuse, note.termine == 0);
         QCOMPARE(donnees.lignes(cles), attendu);
         if (refuse)
-            QCOMPARE(note.montrees.last().num_salmask + note.montrees.last().clemask, cas.ancien);
+            QCOMPARE(note.montrees.last().num_salmask + note.montrees.last().clemask, ancien);
         else
-            QCOMPARE(donnees.base.RsLigneDas.ligne(0).texte(u"num_salarie"), cas.lignes);
+            QCOMPARE(donnees.base.RsLigneDas.ligne(0).texte(u"num_salarie"), lignes);
     }
 
     /// Whatever statement fails, nothing of the change stays.

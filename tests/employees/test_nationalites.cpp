@@ -22,12 +22,8 @@ class TestNationalites : public QObject
 {
     Q_OBJECT
 
-    struct Cas
-    {
-        const char *nom;
-        QByteArray octets; // null: no file
-        QStringList attendu;
-    };
+    /// The file, none when null, and the rows.
+    using Cas = std::tuple<const char *, QByteArray, QStringList>;
 
     std::unique_ptr<Foyer> m_foyer;
     std::unique_ptr<BancSur<BaseEssai>> m_banc;
@@ -87,15 +83,16 @@ private slots:
     void fichiers()
     {
         QFETCH(Cas, cas);
+        const auto &[nom, octets, attendu] = cas;
         QVERIFY(QFile::remove(cheminCountry()));
-        if (!cas.octets.isNull())
-            ecrireFichier(cheminCountry(), cas.octets);
-        const bool bon = !cas.octets.isEmpty();
+        if (!octets.isNull())
+            ecrireFichier(cheminCountry(), octets);
+        const bool bon = !octets.isEmpty();
         m_banc->dialogue.attendre(
             {bon ? reussie : avertissement(u"Fichier Country Inexistant! Importation échouée!!"_s)});
         QCOMPARE(importerNationalites(base(), m_banc->dialogue), bon);
-        QCOMPARE(lignes(), cas.attendu);
-        QCOMPARE(base().RsNationalite.nombre(), cas.attendu.size());
+        QCOMPARE(lignes(), attendu);
+        QCOMPARE(base().RsNationalite.nombre(), attendu.size());
     }
 
     /// A load that fails half-way ends without a word and leaves the table empty.

@@ -30,21 +30,11 @@ class TestSalaries : public QObject
 {
     Q_OBJECT
 
-    struct CasRecherche
-    {
-        const char *nom;
-        CritereSalarie critere;
-        QString texte;
-        QString trouves; // "tous" when nothing is done
-    };
+    /// What is looked for, and who is found; "tous" when nothing is done.
+    using CasRecherche = std::tuple<const char *, CritereSalarie, QString, QString>;
 
-    struct CasImport
-    {
-        const char *nom;
-        QByteArray fichier;
-        QString issue; // added/skipped, "incorrect" or "rien"
-        QStringList salaries;
-    };
+    /// The file, then added/skipped, "incorrect" or "rien", and the employees.
+    using CasImport = std::tuple<const char *, QByteArray, QString, QStringList>;
 
 private slots:
     void recherche_data()
@@ -59,6 +49,7 @@ private slots:
     void recherche()
     {
         QFETCH(CasRecherche, cas);
+        const auto &[nom, critere, texte, trouves] = cas;
         BaseSalaries donnees;
         Recordset &salaries = donnees.base.RsSalarie;
         QVERIFY(!chercherSalaries(salaries, CritereSalarie::Nom, u"DUP")); // an empty table
@@ -66,14 +57,14 @@ private slots:
         donnees.ajouter(u"000000000000"_s, 1, {{u"nom"_s, u"DUPIN"}});
         donnees.ajouter(u"000123456789"_s, 1, {{u"nom"_s, u"ÉLOI"}});
         salaries.allerA(2);
-        QCOMPARE(chercherSalaries(salaries, cas.critere, cas.texte), cas.trouves != u"tous");
-        if (cas.trouves == u"tous") {
+        QCOMPARE(chercherSalaries(salaries, critere, texte), trouves != u"tous");
+        if (trouves == u"tous") {
             QCOMPARE(salaries.ligneCourante(), 2);
         } else {
             QStringList noms;
             for (int i = 0; i < salaries.nombre(); ++i)
                 noms += salaries.ligne(i).texte(u"nom");
-            QCOMPARE(noms.join(u' '), cas.trouves);
+            QCOMPARE(noms.join(u' '), trouves);
         }
         const QString courant = salaries.vide() ? u"DUPONT"_s : salaries.texte(u"nom");
         montrerTousSalaries(salaries);
@@ -179,21 +170,22 @@ private slots:
     void importation()
     {
         QFETCH(CasImport, cas);
+        const auto &[nom, fichier, issue, salaries] = cas;
         BaseSalaries donnees;
         Base &base = donnees.base;
         donnees.ajouter(u"999999999999"_s, 1);
-        const bool fait = cas.issue.contains(u'/');
+        const bool fait = issue.contains(u'/');
 
         for (int fois = 1; fois <= 2; ++fois) {
             DialogueScenario dialogue;
-            dialogue.attendreFichier(donnees.fichier(u"salaries.txt"_s, cas.fichier));
-            const bool entame = cas.issue == u"rien" && cas.fichier.startsWith(marque + employeur);
+            dialogue.attendreFichier(donnees.fichier(u"salaries.txt"_s, fichier));
+            const bool entame = issue == u"rien" && fichier.startsWith(marque + employeur);
             if ((fait && fois == 1) || entame)
                 dialogue.attendreInformation(u"Employeur: 12345678\nBATIR & FILS\najouté."_s);
             if (fait)
                 dialogue.attendreInformation(
                     u"Lecture Du Fichier Effectuée Avec Succès !  Résultat Affiché !"_s);
-            if (cas.issue == u"incorrect")
+            if (issue == u"incorrect")
                 dialogue.attendreAvertissement(u"Fichier incorrect! Importation échouée!!"_s);
             QString comptes;
             qint64 derniere = -1;
@@ -209,16 +201,16 @@ private slots:
             QCOMPARE(resultat.fait, fait);
             QCOMPARE(donnees.lignes(
                          u"SELECT Num_Salarie, cpt_z, nom FROM salarie WHERE rowid > 1 ORDER BY rowid"_s),
-                     cas.salaries);
+                     salaries);
             QCOMPARE(donnees.lignes(u"SELECT * FROM employeur"_s),
                      fait ? QStringList{u"12345678|BATIR & FILS|1 RUE HAUTE||"_s} : QStringList());
-            QCOMPARE(base.RsSalarie.nombre(), cas.salaries.size() + 1);
+            QCOMPARE(base.RsSalarie.nombre(), salaries.size() + 1);
             QCOMPARE(base.RsEmployeur.nombre(), fait ? 1 : 0);
             if (!fait)
                 continue;
             // The second time nothing is added.
             const qint64 total = resultat.ajoutes + resultat.ignores;
-            QCOMPARE(comptes, fois == 1 ? cas.issue : u"0/%1"_s.arg(total));
+            QCOMPARE(comptes, fois == 1 ? issue : u"0/%1"_s.arg(total));
             QCOMPARE(derniere, total);
             QCOMPARE(resultat.employeurAjoute, fois == 1);
         }

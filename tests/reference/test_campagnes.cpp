@@ -49,22 +49,11 @@ class TestCampagnes : public QObject
 {
     Q_OBJECT
 
-    struct CasAnnee
-    {
-        const char *nom;
-        QString saisie;
-        QString refus;
-        QString ligne;
-    };
+    /// What is typed, the refusal, or the row that is added.
+    using CasAnnee = std::tuple<const char *, QString, QString, QString>;
 
-    struct CasTrimestre
-    {
-        const char *nom;
-        QString annee;
-        QString trimestre;
-        QString refus;
-        QStringList ajoutees;
-    };
+    /// Year and quarter, the refusal, and the rows that are added.
+    using CasTrimestre = std::tuple<const char *, QString, QString, QString, QStringList>;
 
     static constexpr int cetteAnnee = 2024;
 
@@ -101,13 +90,14 @@ private slots:
     void annee()
     {
         QFETCH(CasAnnee, cas);
+        const auto &[nom, saisie, refus, ligne] = cas;
         QStringList attendu{u"2010|à la main"_s};
         base().RsAnnee.ajouter({{u"annee"_s, 2010}, {u"compagne"_s, u"à la main"}});
-        if (!cas.refus.isEmpty())
-            m_banc->dialogue.attendreAvertissement(cas.refus);
+        if (!refus.isEmpty())
+            m_banc->dialogue.attendreAvertissement(refus);
         else
-            attendu += cas.ligne;
-        QCOMPARE(ajouterCampagne(base(), cas.saisie, m_banc->dialogue), cas.refus.isEmpty());
+            attendu += ligne;
+        QCOMPARE(ajouterCampagne(base(), saisie, m_banc->dialogue), refus.isEmpty());
         QCOMPARE(annees(), attendu);
         QCOMPARE(base().RsAnnee.entier(u"annee"), attendu.last().left(4).toInt());
     }
@@ -128,12 +118,13 @@ private slots:
     void trimestre()
     {
         QFETCH(CasTrimestre, cas);
+        const auto &[nom, an, trimestre, refus, ajoutees] = cas;
         base().RsPeriode.ajouter({{u"Code"_s, u"202002"}, {u"Etat"_s, u"N"}});
         base().RsPeriode.ajouter({{u"Code"_s, u"2019T1"}, {u"Etat"_s, u"O"}});
-        if (!cas.refus.isEmpty())
-            m_banc->dialogue.attendreAvertissement(cas.refus);
-        QCOMPARE(ajouterPeriodes(base(), cas.annee, cas.trimestre, m_banc->dialogue), cas.refus.isEmpty());
-        QCOMPARE(periodes(), (QStringList{u"202002N"_s, u"2019T1O"_s} + cas.ajoutees));
+        if (!refus.isEmpty())
+            m_banc->dialogue.attendreAvertissement(refus);
+        QCOMPARE(ajouterPeriodes(base(), an, trimestre, m_banc->dialogue), refus.isEmpty());
+        QCOMPARE(periodes(), (QStringList{u"202002N"_s, u"2019T1O"_s} + ajoutees));
         QCOMPARE(base().RsPeriode.nombre(), periodes().size());
     }
 

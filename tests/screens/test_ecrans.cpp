@@ -69,15 +69,9 @@ class TestEcrans : public QObject
 {
     Q_OBJECT
 
-    struct CasBoite
-    {
-        const char *nom;
-        std::function<bool(DialogueQt &)> montrer;
-        QMessageBox::Icon icone;
-        QString boutons; // the default one first
-        Qt::Key touche;
-        bool reponse;
-    };
+    /// How it is shown, its icon and its buttons, the default one first; a key and its answer.
+    using CasBoite = std::tuple<const char *, std::function<bool(DialogueQt &)>, QMessageBox::Icon, QString,
+                                Qt::Key, bool>;
 
 private slots:
     void initTestCase() { parlerFrancais(*qApp); }
@@ -174,27 +168,28 @@ private slots:
     void boites()
     {
         QFETCH(CasBoite, cas);
+        const auto &[nom, montrer, icone, boutons, touche, reponse] = cas;
         QMainWindow principale;
         principale.show();
         bool vue = false;
         quandOuvre<QMessageBox>([&](QMessageBox &boite) {
             vue = true;
-            const auto fermer = qScopeGuard([&] { QTest::keyClick(&boite, cas.touche); });
+            const auto fermer = qScopeGuard([&] { QTest::keyClick(&boite, touche); });
             QCOMPARE(boite.windowTitle(),
-                     cas.icone == QMessageBox::NoIcon ? u"Titre  propre !"_s : u"DAS KORVANDEL"_s);
+                     icone == QMessageBox::NoIcon ? u"Titre  propre !"_s : u"DAS KORVANDEL"_s);
             QCOMPARE(boite.text(), u"Nom <b>B&B</b> refusé  !\nSeconde ligne"_s);
             QCOMPARE(boite.textFormat(), Qt::PlainText);
-            QCOMPARE(boite.icon(), cas.icone);
+            QCOMPARE(boite.icon(), icone);
             QCOMPARE(boite.parentWidget(), &principale);
             QStringList vus{boite.defaultButton()->text()};
             for (const auto *bouton : boite.buttons()) {
                 if (bouton != boite.defaultButton())
                     vus << bouton->text();
             }
-            QCOMPARE(vus.join(u'|'), cas.boutons);
+            QCOMPARE(vus.join(u'|'), boutons);
         });
         DialogueQt dialogue;
-        QCOMPARE(cas.montrer(dialogue), cas.reponse);
+        QCOMPARE(montrer(dialogue), reponse);
         QVERIFY(vue);
     }
 

@@ -4,9 +4,7 @@
 #include "shell/application.h"
 #include "shell/mdiform.h"
 #include "storage/base.h"
-#include "storage/demarrage.h"
 #include "storage/lieux.h"
-#include "tests/commun/cas.h"
 #include "tests/screens/banc.h"
 #include "tests/storage/foyer.h"
 
@@ -64,15 +62,6 @@ QString titre() { return QString::fromLatin1("DAS KORVANDEL " DAS_VERSION); }
 class TestShell : public QObject
 {
     Q_OBJECT
-
-    struct CasDemarrage
-    {
-        const char *nom;
-        QStringList sql; // what is done to a fresh database
-        Attentes boites;
-        int sortie; // -1 when the program goes on
-        bool wdas;
-    };
 
     Base m_base;
     Banc m_banc{m_base};
@@ -367,44 +356,33 @@ private slots:
         m_banc.dialogue.aChaqueBoite = {};
     }
 
-    void demarrages_data()
-    {
-        const QString campagne = u"INSERT INTO annee (annee) VALUES (2024)"_s;
-        lignesDuTest<CasDemarrage>(
-            {{"fresh", {}, {}, -1, false},
-             {"with a campaign only", {campagne}, {}, -1, false},
-             {"with a campaign and an employer",
-              {campagne, u"INSERT INTO employeur (num_emp) VALUES ('12345678')"_s},
-              {},
-              -1,
-              true},
-             {"without nationalities",
-              {u"DROP TABLE Nationalite"_s},
-              {information(
-                  u"table Nationalité crée, Veuillez relancer une seconde fois l'application, SVP"_s)},
-              0,
-              false}});
-    }
-
     void demarrages()
     {
-        QFETCH(CasDemarrage, cas);
         const Foyer foyer;
-        {
+        // What is done to the database first, and how the start ends: -1 when the program goes on.
+        const auto demarrerApres = [&](const QString &sql, bool wdas, int sortie, const Attentes &boites) {
+            if (!sql.isEmpty()) {
+                Connexion cnx;
+                cnx.ouvrir(cheminBase());
+                cnx.definir(sql);
+            }
             Base base;
-            demarrer(base, m_banc.dialogue);
-            for (const QString &ordre : cas.sql)
-                base.Cnx.definir(ordre);
-        }
-        Base base;
-        const auto principale = ouvrirProgramme(base);
-        m_banc.dialogue.attendre(cas.boites);
-        QCOMPARE(charger(*principale), cas.sortie);
-        if (cas.sortie < 0) {
-            QCOMPARE(entree(*principale, u"wdas"_s)->isEnabled(), cas.wdas);
-            QVERIFY(entree(*principale, u"wvalidate"_s)->isEnabled());
-            QVERIFY(texte(*principale, u"LabBase"_s).endsWith(u"das.mdb"_s));
-        }
+            const auto principale = ouvrirProgramme(base);
+            m_banc.dialogue.attendre(boites);
+            QCOMPARE(charger(*principale), sortie);
+            if (sortie < 0) {
+                QCOMPARE(entree(*principale, u"wdas"_s)->isEnabled(), wdas);
+                QVERIFY(entree(*principale, u"wvalidate"_s)->isEnabled());
+                QVERIFY(texte(*principale, u"LabBase"_s).endsWith(u"das.mdb"_s));
+            }
+        };
+        demarrerApres({}, false, -1, {});
+        demarrerApres(u"INSERT INTO annee (annee) VALUES (2024)"_s, false, -1, {});
+        demarrerApres(u"INSERT INTO employeur (num_emp) VALUES ('12345678')"_s, true, -1, {});
+        demarrerApres(
+            u"DROP TABLE Nationalite"_s, false, 0,
+            {information(
+                u"table Nationalité crée, Veuillez relancer une seconde fois l'application, SVP"_s)});
     }
 
     void baseIllisible()

@@ -80,29 +80,16 @@ class TestDemarrage : public QObject
 {
     Q_OBJECT
 
-    struct CasGroupe
-    {
-        const char *nom;
-        QString sql;   // what is done to a new database
-        QString table; // the one that can't be created
-        QString cause;
-        bool ensuite; // whether the next start gets by
-    };
+    /// What is done to a new database, the table that can't be created, why, and whether the next start gets
+    /// by.
+    using CasGroupe = std::tuple<const char *, QString, QString, QString, bool>;
 
-    struct CasFichier
-    {
-        const char *nom;
-        QString table;
-        QByteArray octets; // null: no file
-        QString issue;     // absent, incorrecte, or the rows and the first name
-    };
+    /// A reference table and its file, none when null; then absent, incorrecte, or the rows and the first
+    /// name.
+    using CasFichier = std::tuple<const char *, QString, QByteArray, QString>;
 
-    struct CasBase
-    {
-        const char *nom;
-        std::function<void(QByteArray &)> abimer;
-        QString texte;
-    };
+    /// How the file is damaged, and what is told.
+    using CasBase = std::tuple<const char *, std::function<void(QByteArray &)>, QString>;
 
 private slots:
     void premierDemarrage()
@@ -255,31 +242,32 @@ private slots:
     void groupesEnDefaut()
     {
         QFETCH(CasGroupe, cas);
+        const auto &[nom, sql, table, cause, ensuite] = cas;
         Foyer foyer;
         installerSiAbsente();
         {
             Connexion autre;
             autre.ouvrir(cheminBase());
-            autre.definir(cas.sql);
+            autre.definir(sql);
         }
         Base base;
         const QString debut =
-            cas.table.isEmpty()
-                ? u"La "_s + cas.cause
-                : u"La table « %1 » n'a pas pu être créée.\nLa table « %1 » existe déjà."_s.arg(cas.table);
+            table.isEmpty()
+                ? u"La "_s + cause
+                : u"La table « %1 » n'a pas pu être créée.\nLa table « %1 » existe déjà."_s.arg(table);
         QString texte;
         try {
             demarrerAvec({}, base);
         } catch (const ErreurFatale &erreur) {
             texte = erreur.texte();
-            QVERIFY(!cas.table.isEmpty());
+            QVERIFY(!table.isEmpty());
         } catch (const ErreurBase &erreur) { // no end of the program
             texte = erreur.texte();
-            QVERIFY(cas.table.isEmpty() && base.RsLigneDas.estOuvert() && !base.RsAnnee.estOuvert());
+            QVERIFY(table.isEmpty() && base.RsLigneDas.estOuvert() && !base.RsAnnee.estOuvert());
         }
-        QVERIFY2(texte.startsWith(debut) && texte.contains(cas.cause), qPrintable(texte));
+        QVERIFY2(texte.startsWith(debut) && texte.contains(cause), qPrintable(texte));
         Base suivante;
-        QCOMPARE(echecDe([&] { demarrerAvec({}, suivante); }).isEmpty(), cas.ensuite);
+        QCOMPARE(echecDe([&] { demarrerAvec({}, suivante); }).isEmpty(), ensuite);
     }
 
     void fichiersDeReference_data()
@@ -319,40 +307,41 @@ private slots:
     void fichiersDeReference()
     {
         QFETCH(CasFichier, cas);
+        const auto &[nom, table, octets, issue] = cas;
         Foyer foyer;
         installerSiAbsente();
-        const QString chemin = dossierDas() + u"/%1s.txt"_s.arg(cas.table);
+        const QString chemin = dossierDas() + u"/%1s.txt"_s.arg(table);
         QVERIFY(QFile::remove(chemin));
-        if (!cas.octets.isNull())
-            ecrireFichier(chemin, cas.octets);
+        if (!octets.isNull())
+            ecrireFichier(chemin, octets);
 
         Attentes boites;
-        if (cas.issue == u"absent")
+        if (issue == u"absent")
             boites += avertissement(
-                u"Fichier %1s Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s.arg(cas.table));
-        else if (cas.issue == u"incorrecte")
+                u"Fichier %1s Inexistant! Veuillez réinstaller l'application DAS SVP!!"_s.arg(table));
+        else if (issue == u"incorrecte")
             boites += incorrecte;
         Base base;
         const Demarrage resultat = demarrerAvec(boites, base);
-        Recordset &rs = cas.table == u"Banque"    ? base.RsBanque
-                        : cas.table == u"Commune" ? base.RsCommune
-                                                  : base.RsWilaya;
+        Recordset &rs = table == u"Banque"    ? base.RsBanque
+                        : table == u"Commune" ? base.RsCommune
+                                              : base.RsWilaya;
         QVERIFY(!base.Cnx.enTransaction());
         if (boites.isEmpty()) {
             QCOMPARE(resultat, Demarrage::Complet);
             const QString premier = rs.vide() ? QString() : u' ' + rs.ligne(0).texte(u"Libelle");
-            QCOMPARE(QString(QString::number(rs.nombre()) + premier), cas.issue);
+            QCOMPARE(QString(QString::number(rs.nombre()) + premier), issue);
             return;
         }
         QCOMPARE(resultat, Demarrage::Interrompu);
         QVERIFY(rs.vide());
-        QCOMPARE(nombre(base.Cnx, cas.table), 0);
-        QCOMPARE(base.RsWilaya.estOuvert(), cas.table == u"Wilaya"); // the later steps were not reached
+        QCOMPARE(nombre(base.Cnx, table), 0);
+        QCOMPARE(base.RsWilaya.estOuvert(), table == u"Wilaya"); // the later steps were not reached
         // The next start tries again.
         ecrireFichier(chemin, "1234567890123Libelle\r\nEnd\r\n");
         Base suivante;
         QCOMPARE(demarrerAvec({}, suivante), Demarrage::Complet);
-        QCOMPARE(nombre(suivante.Cnx, cas.table), 1);
+        QCOMPARE(nombre(suivante.Cnx, table), 1);
     }
 
     void basesInutilisables_data()
@@ -381,19 +370,19 @@ private slots:
     void basesInutilisables()
     {
         QFETCH(CasBase, cas);
+        const auto &[nom, abimer, texte] = cas;
         Foyer foyer;
         poserAncienneBase(17, 2000);
         const QString base = cheminBase();
         const QString dossier = QFileInfo(base).absolutePath();
-        const QByteArray nom = cas.nom;
-        if (cas.abimer) {
+        if (abimer) {
             QByteArray octets = lireFichier(base);
-            cas.abimer(octets);
+            abimer(octets);
             ecrireFichier(base, octets);
-        } else if (nom == "dossier à sa place") {
+        } else if (qstrcmp(nom, "dossier à sa place") == 0) {
             QVERIFY(QFile::remove(base) && QDir().mkpath(base));
         } else {
-            QVERIFY(QFile::setPermissions(nom == "lecture seule" ? base : dossier,
+            QVERIFY(QFile::setPermissions(qstrcmp(nom, "lecture seule") == 0 ? base : dossier,
                                           QFile::ReadOwner | QFile::ExeOwner));
         }
         const auto avant = contenu(foyer.chemin());
@@ -406,7 +395,7 @@ private slots:
         }
         const auto apres = contenu(foyer.chemin());
         QFile::setPermissions(dossier, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QVERIFY2(fatale.contains(QDir::toNativeSeparators(base)) && fatale.contains(cas.texte),
+        QVERIFY2(fatale.contains(QDir::toNativeSeparators(base)) && fatale.contains(texte),
                  qPrintable(fatale));
         QCOMPARE(apres.keys(), avant.keys());
         QVERIFY(apres == avant);
@@ -440,7 +429,7 @@ private slots:
     void tue()
     {
         QFETCH(bool, ancienne);
-        constexpr int coups = 16;
+        constexpr int coups = 10;
         constexpr int salaries = 5000;
         qint64 duree = 0;
         QSet<QString> etats;

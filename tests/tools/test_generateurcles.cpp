@@ -13,15 +13,8 @@ class TestGenerateurCles : public QObject
 {
     Q_OBJECT
 
-    struct Cas
-    {
-        const char *nom;
-        QString ss;
-        QString ccp;
-        QString compte;
-        Attentes boites;
-        QString attendu;
-    };
+    /// The three fields, the boxes and the three results.
+    using Cas = std::tuple<const char *, QString, QString, QString, Attentes, QString>;
 
     const QString m_labels = u"LabSS LabCCP labRipRIB"_s;
     Base m_base; // never opened: the window touches no table
@@ -77,11 +70,12 @@ private slots:
     void generer()
     {
         QFETCH(Cas, cas);
-        remplir(cas.ss, cas.ccp, cas.compte);
-        m_banc.dialogue.attendre(cas.boites);
+        const auto &[nom, ss, ccp, compte, boites, attendu] = cas;
+        remplir(ss, ccp, compte);
+        m_banc.dialogue.attendre(boites);
         touche(Qt::Key_Return);
-        QCOMPARE(textes(*m_ecran, m_labels), cas.attendu);
-        QCOMPARE(texte(*m_ecran, u"TxtCCP"_s), cas.ccp);
+        QCOMPARE(textes(*m_ecran, m_labels), attendu);
+        QCOMPARE(texte(*m_ecran, u"TxtCCP"_s), ccp);
     }
 
     void reinitialiser()
