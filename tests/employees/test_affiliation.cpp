@@ -615,25 +615,6 @@ private slots:
             QCOMPARE(donnees.base.RsLigneDas.ligne(0).texte(u"num_salarie"), lignes);
     }
 
-    /// Whatever statement fails, nothing of the change stays.
-    void echec()
-    {
-        BaseSalaries donnees;
-        ajouterDeclare(donnees, numeroFiche, 3);
-        const QStringList avant = donnees.lignes(cles);
-        for (const QString &table : {u"salarie"_s, u"ligne_das"_s, u"Detail_CI"_s, u"Ligne_Dac"_s}) {
-            donnees.base.Cnx.definir(u"CREATE TRIGGER refus BEFORE UPDATE ON [%1] BEGIN "
-                                     "SELECT RAISE(ABORT, 'non'); END"_s.arg(table));
-            DialogueOui dialogue;
-            EcranNote note;
-            QVERIFY_THROWS_EXCEPTION(ErreurSql, changerNumero(donnees.base, autreNumero, dialogue, note));
-            QCOMPARE(donnees.lignes(cles), avant);
-            QCOMPARE(donnees.base.RsSalarie.texte(u"Num_Salarie"), numeroFiche);
-            QCOMPARE(note.termine, 0);
-            donnees.base.Cnx.definir(u"DROP TRIGGER refus"_s);
-        }
-    }
-
     /// The program is killed at moments spread over the change: either all tables hold the new number or
     /// none.
     void tue()

@@ -313,47 +313,38 @@ private slots:
 
     void fermetures_data()
     {
-        QTest::addColumn<QString>("entree");
-        QTest::addColumn<QString>("champ");
-        QTest::addColumn<QString>("saisie");
-        QTest::addColumn<QString>("bouton");
-        for (const auto &[entree, champ, saisie, bouton] :
-             {std::tuple{u"wdas"_s, u"sumedit"_s, u"12x"_s, u"Command1"_s},
-              {u"wvalidate"_s, u"Txt07"_s, u"-1"_s, u"cmdexit"_s}}) {
-            for (const QString &par : {bouton, u"cadre"_s, u"systeme"_s, u"programme"_s, u"menu"_s})
-                QTest::addRow("%s %s", qPrintable(entree), qPrintable(par))
-                    << entree << champ << saisie << par;
+        QTest::addColumn<QStringList>("mots");
+        for (const QString &ecran : {u"wdas sumedit 12x Command1"_s, u"wvalidate Txt07 -1 cmdexit"_s}) {
+            for (const QString &par : {u"bouton"_s, u"cadre"_s, u"systeme"_s, u"programme"_s, u"menu"_s})
+                QTest::newRow(qPrintable(ecran + u' ' + par)) << (ecran + u' ' + par).split(u' ');
         }
     }
 
     /// A window closes at once with a bad amount in the field that has the focus, and nothing is told.
     void fermetures()
     {
-        QFETCH(QString, entree);
-        QFETCH(QString, champ);
-        QFETCH(QString, saisie);
-        QFETCH(QString, bouton);
+        QFETCH(QStringList, mots); // the entry, a field, what is typed there, the closing button, the way
+        const QString &par = mots.last();
         ouvrir(u"wannee"_s);
-        QPointer<QWidget> feuille = &ouvrir(entree);
+        QPointer<QWidget> feuille = &ouvrir(mots[0]);
         if (auto *onglets = feuille->findChild<QTabWidget *>()) {
             onglets->setEnabled(true);
             onglets->setCurrentIndex(2);
         }
-        auto *saisi = ::champ<QLineEdit>(*feuille, champ);
-        QTest::mouseClick(saisi, Qt::LeftButton);
-        taper(saisie);
-        QCOMPARE(focus(), champ);
+        cliquer(*feuille, mots[1]);
+        taper(mots[2]);
+        QCOMPARE(focus(), mots[1]);
         auto *cadre = m_principale->findChild<QMdiArea *>()->activeSubWindow();
-        if (bouton == u"cadre"_s)
+        if (par == u"cadre"_s)
             cadre->close();
-        else if (bouton == u"systeme"_s)
+        else if (par == u"systeme"_s)
             QTest::keyClick(cadre, Qt::Key_F4, Qt::ControlModifier);
-        else if (bouton == u"programme"_s)
+        else if (par == u"programme"_s)
             m_principale->close();
-        else if (bouton == u"menu"_s)
+        else if (par == u"menu"_s)
             m_principale->findChild<QAction *>(u"wquit"_s)->trigger();
         else
-            cliquer(*feuille, bouton);
+            cliquer(*feuille, mots[3]);
         QTRY_VERIFY(!feuille);
         QCOMPARE(m_dialogue.boites, 0);
     }

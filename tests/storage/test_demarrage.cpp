@@ -91,6 +91,33 @@ class TestDemarrage : public QObject
     /// How the file is damaged, and what is told.
     using CasBase = std::tuple<const char *, std::function<void(QByteArray &)>, QString>;
 
+    /// Starts on a table of employees with so many columns.
+    static void elargir(int colonnes, bool connu)
+    {
+        Foyer foyer;
+        poserAncienneBase(colonnes, 50);
+        Base base;
+        const Demarrage resultat = demarrerAvec({connu ? creee(creees[0]) : incorrecte}, base);
+        QCOMPARE(base.RsSalarie.nombre(), 50);
+        QCOMPARE(base.RsSalarie.ligne(49).texte(u"Num_Salarie"), u"000000000050"_s);
+        QCOMPARE(base.RsSalarie.columnCount(), connu ? 28 : colonnes);
+        if (!connu) {
+            QCOMPARE(resultat, Demarrage::Interrompu);
+            QVERIFY(!base.RsEmployeur.estOuvert() && !base.RsLigneDas.estOuvert());
+            QVERIFY(echecDe([&] { base.RsEmployeur.vide(); }).contains(u"« employeur » n'est pas ouverte"));
+            return;
+        }
+        QCOMPARE(resultat, Demarrage::FinProgramme);
+        for (int i = 0; i < 28; ++i)
+            QCOMPARE(base.RsSalarie.nomColonne(i), tableDuSchema(u"salarie").colonnes[i].nom);
+        // The added columns have the widths of the new ones.
+        const auto ecrire = [&](int chiffres) {
+            base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(chiffres, u'1')}});
+        };
+        QVERIFY(echecDe([&] { ecrire(19); }).contains(u"18 caractères au plus"));
+        ecrire(18);
+    }
+
 private slots:
     void premierDemarrage()
     {
@@ -166,39 +193,10 @@ private slots:
         }
     }
 
-    void colonnesDeSalarie_data()
-    {
-        QTest::addColumn<bool>("connu");
-        for (const int colonnes : {16, 17, 18, 19, 22, 28, 29})
-            QTest::addRow("%d", colonnes) << (colonnes != 16 && colonnes != 19 && colonnes != 29);
-    }
-
     void colonnesDeSalarie()
     {
-        QFETCH(bool, connu);
-        const int colonnes = QByteArray(QTest::currentDataTag()).toInt();
-        Foyer foyer;
-        poserAncienneBase(colonnes, 50);
-        Base base;
-        const Demarrage resultat = demarrerAvec({connu ? creee(creees[0]) : incorrecte}, base);
-        QCOMPARE(base.RsSalarie.nombre(), 50);
-        QCOMPARE(base.RsSalarie.ligne(49).texte(u"Num_Salarie"), u"000000000050"_s);
-        QCOMPARE(base.RsSalarie.columnCount(), connu ? 28 : colonnes);
-        if (!connu) {
-            QCOMPARE(resultat, Demarrage::Interrompu);
-            QVERIFY(!base.RsEmployeur.estOuvert() && !base.RsLigneDas.estOuvert());
-            QVERIFY(echecDe([&] { base.RsEmployeur.vide(); }).contains(u"« employeur » n'est pas ouverte"));
-            return;
-        }
-        QCOMPARE(resultat, Demarrage::FinProgramme);
-        for (int i = 0; i < 28; ++i)
-            QCOMPARE(base.RsSalarie.nomColonne(i), tableDuSchema(u"salarie").colonnes[i].nom);
-        // The added columns have the widths of the new ones.
-        const auto ecrire = [&](int chiffres) {
-            base.RsSalarie.modifier(base.RsSalarie.courant(), {{u"NIN"_s, QString(chiffres, u'1')}});
-        };
-        QVERIFY(echecDe([&] { ecrire(19); }).contains(u"18 caractères au plus"));
-        ecrire(18);
+        for (const int colonnes : {16, 17, 18, 19, 22, 28, 29})
+            elargir(colonnes, colonnes != 16 && colonnes != 19 && colonnes != 29);
     }
 
     void septGroupes()
@@ -432,7 +430,7 @@ private slots:
         constexpr int coups = 10;
         constexpr int salaries = 5000;
         qint64 duree = 0;
-        QSet<QString> etats;
+        QSet<QStringList> etats;
         for (int coup = -1; coup < coups; ++coup) {
             Foyer foyer;
             if (ancienne)
@@ -442,14 +440,10 @@ private slots:
                 continue;
             }
             enfant::faire({}, duree * coup / coups);
-            etats += QStringList(contenu(foyer.chemin()).keys())
-                         .replaceInStrings(foyer.chemin(), QString())
-                         .join(u' ');
+            etats += QStringList(contenu(foyer.chemin()).keys()).replaceInStrings(foyer.chemin(), QString());
             enfant::faire({}, duree * (coups - coup) / coups / 3);
 
-            const int demarrages = demarrerJusquAuBout();
-            QVERIFY(demarrages > 0);
-            etats += QString::number(demarrages);
+            QVERIFY(demarrerJusquAuBout() > 0);
             Base base;
             base.OuvrirBase(cheminBase());
             QCOMPARE(base.Cnx.premiere(u"PRAGMA integrity_check"_s).texte(0), u"ok"_s);
@@ -466,8 +460,7 @@ private slots:
                              lireFichier(u":/reference/%1.txt"_s.arg(nom)));
             }
         }
-        qInfo("one run %.0f ms; %d different states found after the kills", static_cast<double>(duree) / 1000,
-              static_cast<int>(etats.size()));
+        QVERIFY2(etats.size() > 1, "no kill fell into the start");
     }
 };
 
