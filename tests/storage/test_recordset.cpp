@@ -32,38 +32,33 @@ private slots:
         QSignalSpy changements(&rs, &Recordset::ligneCouranteChangee);
         for (const auto *code : {u"202003", u"202001", u"202002"})
             rs.ajouter({{u"code"_s, code}, {u"Etat"_s, u"N"}});
-        QCOMPARE(codes(rs), u"202003,202002,202001"_s);
-        QCOMPARE(rs.texte(u"CODE"), u"202002"_s); // the new row is current, where the order puts it
+        QCOMPARE(codes(rs), u"202003,202002*,202001"_s); // the new row is current, where the order puts it
+        QCOMPARE(rs.texte(u"CODE"), u"202002"_s);
         QCOMPARE(changements.last().first().toInt(), 1);
 
         rs.trier(u"code"_s);
-        QCOMPARE(codes(rs), u"202001,202002,202003"_s);
-        QCOMPARE(rs.texte(u"Code"), u"202002"_s);
+        QCOMPARE(codes(rs), u"202001,202002*,202003"_s);
         rs.allerA(0);
         cnx().executer(u"INSERT INTO Periode VALUES ('201912', 'N')"_s);
         rs.requery();
-        QCOMPARE(rs.ligneCourante(), 1); // the same row, one place on
-        QCOMPARE(rs.texte(u"Code"), u"202001"_s);
+        QCOMPARE(codes(rs), u"201912,202001*,202002,202003"_s);
 
         rs.modifier(rs.courant(), {{u"Etat"_s, u"O"}});
         QCOMPARE(rs.texte(u"Etat"), u"O"_s);
         rs.modifier(rs.courant(), {{u"Code"_s, u"202012"}}); // the order follows
-        QCOMPARE(codes(rs), u"201912,202002,202003,202012"_s);
-        QCOMPARE(rs.ligneCourante(), 3);
+        QCOMPARE(codes(rs), u"201912,202002,202003,202012*"_s);
 
-        rs.supprimer(rs.courant());
-        QCOMPARE(rs.texte(u"Code"), u"202003"_s); // the last row's neighbour is the one before
+        rs.supprimer(rs.courant()); // the last row's neighbour is the one before, any other's the one behind
+        QCOMPARE(codes(rs), u"201912,202002,202003*"_s);
         rs.allerA(0);
         rs.supprimer(rs.courant());
-        QCOMPARE(rs.texte(u"Code"), u"202002"_s); // any other's the one behind
+        QCOMPARE(codes(rs), u"202002*,202003"_s);
         QCOMPARE(rs.chercher({{u"Code"_s, u"202003"}}), 1);
         QCOMPARE(rs.chercher({{u"Code"_s, u"202003"}, {u"Etat"_s, nullptr}}), -1);
-        QCOMPARE(rs.ligneCourante(), 0);
 
         QVERIFY(!echecDe([&] { rs.ajouter({{u"Code"_s, u"202003"}}); }).isEmpty());
         QVERIFY(!echecDe([&] { rs.modifier(rs.courant(), {{u"Code"_s, u"2020030"}}); }).isEmpty());
-        QCOMPARE(codes(rs), u"202002,202003"_s);
-        QCOMPARE(rs.ligneCourante(), 0);
+        QCOMPARE(codes(rs), u"202002*,202003"_s);
         rs.supprimer(rs.courant());
         rs.supprimer(rs.courant());
         QVERIFY(rs.vide());
@@ -195,11 +190,9 @@ private slots:
                 }
             }
             // Without a requery, and on the row of before.
-            QCOMPARE(codes(rs), u"01,02,03"_s);
-            QCOMPARE(codes(autre), u"01,02,03"_s);
+            QCOMPARE(codes(rs), u"01,02,03"_s.insert(3 * courante + 2, u'*'));
+            QCOMPARE(codes(autre), codes(rs));
             QCOMPARE(rs.texte(u"Libelle"), u"ADRAR"_s);
-            QCOMPARE(rs.ligneCourante(), courante);
-            QCOMPARE(autre.ligneCourante(), courante);
         }
     }
 
@@ -236,11 +229,12 @@ private slots:
 private:
     Connexion &cnx() { return m_essai->base.Cnx; }
 
+    /// The codes of the rows, the current one with a star.
     static QString codes(const Recordset &rs)
     {
         QStringList codes;
         for (int ligne = 0; ligne < rs.nombre(); ++ligne)
-            codes += rs.ligne(ligne).texte(u"Code");
+            codes += rs.ligne(ligne).texte(u"Code") + (ligne == rs.ligneCourante() ? u"*"_s : QString());
         return codes.join(u',');
     }
 
