@@ -231,6 +231,9 @@ private slots:
         transaction.commit();
         ecrire();
         QVERIFY(cnx().existe(u"SELECT 1 FROM Periode"_s));
+        const qsizetype ouvertes = QSqlDatabase::connectionNames().size();
+        autre.fermer();
+        QCOMPARE(QSqlDatabase::connectionNames().size(), ouvertes - 1);
     }
 
     void requetesImbriquees()

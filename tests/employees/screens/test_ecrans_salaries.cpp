@@ -260,11 +260,15 @@ private slots:
         const QByteArray fichier = "KORVANDEL SALARIE VER 1.0\n12345678BATIR\n" + salarie + salarie;
         m_banc->dialogue.attendreFichier(m_banc->fichier(u"s.txt"_s, fichier));
         attendre(information(u"Employeur: 12345678\nBATIR\najouté."_s));
+        QString sousLesBoites; // the first box stands before the rows, the other behind them
+        m_banc->dialogue.aChaqueBoite = [&] { sousLesBoites += focus() + u' '; };
         attendre(information(u"Lecture Du Fichier Effectuée Avec Succès !  Résultat Affiché !"_s));
         cliquer(*ecran, u"CmdImport"_s);
         QCOMPARE(textes(*ecran, u"LabSalAdd LabSalIgn LabTot"_s),
                  u"Salariés Ajoutés : 1|Salariés Ignorés : 1|Total : 2"_s);
         QCOMPARE(m_banc->menu.accords, 1);
+        m_banc->dialogue.aChaqueBoite = {};
+        QCOMPARE(sousLesBoites, u"Command1 CmdArreter "_s);
 
         m_banc->dialogue.attendreFichier(m_banc->fichier(u"s.txt"_s, "autre"));
         attendre(avertissement(u"Fichier incorrect! Importation échouée!!"_s));
