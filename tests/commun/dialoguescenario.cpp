@@ -2,17 +2,18 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString dire(const Boite &boite)
 {
-    static constexpr const char *icones[] = {"aucune", "information", "avertissement", "critique",
-                                             "question"};
-    static constexpr const char *boutons[] = {"OK", "Oui/Non", "OK/Annuler"};
-    return QStringLiteral("[%1] «%2» (%3, %4, %5)")
-        .arg(boite.titre, boite.texte, QLatin1String(icones[static_cast<int>(boite.icone)]),
-             QLatin1String(boutons[static_cast<int>(boite.boutons)]),
-             boite.premierParDefaut ? QStringLiteral("premier") : QStringLiteral("second"));
+    static const QStringList icones{u"aucune"_s, u"information"_s, u"avertissement"_s, u"critique"_s,
+                                    u"question"_s};
+    static const QStringList boutons{u"OK"_s, u"Oui/Non"_s, u"OK/Annuler"_s};
+    return u"[%1] «%2» (%3, %4, %5)"_s.arg(boite.titre, boite.texte, icones[static_cast<int>(boite.icone)],
+                                           boutons[static_cast<int>(boite.boutons)],
+                                           boite.premierParDefaut ? u"premier"_s : u"second"_s);
 }
 
 Attente boite(const QString &texte, const QString &titre, Icone icone, Boutons boutons = Boutons::Ok,
@@ -97,8 +98,8 @@ bool DialogueScenario::acheve()
     if (!m_attentes.isEmpty() && !m_echoue) {
         m_echoue = true;
         const Attente &reste = m_attentes.first();
-        echouer(QStringLiteral("never came: ") +
-                (reste.genre == Attente::DeBoite ? dire(reste.boite) : QStringLiteral("a file dialog")));
+        echouer(u"never came: "_s +
+                (reste.genre == Attente::DeBoite ? dire(reste.boite) : u"a file dialog"_s));
     }
     m_attentes.clear();
     return !m_echoue;
@@ -110,9 +111,8 @@ bool DialogueScenario::prendre(Attente::Genre genre, const QString &venu, Attent
         return false;
     if (m_attentes.isEmpty() || m_attentes.first().genre != genre) {
         m_echoue = true;
-        echouer(QStringLiteral("not expected here: ") + venu +
-                (m_attentes.isEmpty() ? QString()
-                                      : QStringLiteral("\nexpected: ") + dire(m_attentes.first().boite)));
+        echouer(u"not expected here: "_s + venu +
+                (m_attentes.isEmpty() ? QString() : u"\nexpected: "_s + dire(m_attentes.first().boite)));
         return false;
     }
     attente = m_attentes.takeFirst();
@@ -128,8 +128,7 @@ bool DialogueScenario::montrer(const Boite &boite)
         return false;
     if (attente.boite != boite) {
         m_echoue = true;
-        echouer(QStringLiteral("came: ") + dire(boite) + QStringLiteral("\nexpected: ") +
-                dire(attente.boite));
+        echouer(u"came: "_s + dire(boite) + u"\nexpected: "_s + dire(attente.boite));
     }
     return attente.reponse;
 }
@@ -137,17 +136,16 @@ bool DialogueScenario::montrer(const Boite &boite)
 QString DialogueScenario::choisirFichier(const QString &titre, const QString &)
 {
     Attente attente;
-    prendre(Attente::DeFichier, QStringLiteral("file dialog ") + titre, attente);
+    prendre(Attente::DeFichier, u"file dialog "_s + titre, attente);
     return attente.chemin;
 }
 
 QString DialogueScenario::choisirDestination(const QString &titre, const QString &propose, const QString &)
 {
     Attente attente;
-    if (prendre(Attente::DeDestination, QStringLiteral("save dialog ") + titre, attente) &&
-        attente.propose != propose) {
+    if (prendre(Attente::DeDestination, u"save dialog "_s + titre, attente) && attente.propose != propose) {
         m_echoue = true;
-        echouer(QStringLiteral("save dialog proposes «%1», expected «%2»").arg(propose, attente.propose));
+        echouer(u"save dialog proposes «%1», expected «%2»"_s.arg(propose, attente.propose));
     }
     return attente.chemin;
 }

@@ -15,8 +15,6 @@ public:
     void ajouter(const QString &numero, qint64 cpt_z, const Champs &champs = {});
 };
 
-inline void ouvrirPourSalaries(Base &base, const QString &chemin) { ouvrirTables(base, chemin); }
-
 /// A national in whom no rule finds a fault: born in 1988, certificate 12345.
 FicheSalarie ficheNationale();
 /// The same person as a foreigner.

@@ -38,46 +38,16 @@ protected:
     }
 };
 
-/// The way to every window: a menu entry, then the buttons that lead to it.
-const QStringList chemins{
-    u"wannee"_s,
-    u"wPeriode"_s,
-    u"wImp"_s,
-    u"wImp ajouterBtn"_s,
-    u"wImp Command1"_s,
-    u"wbnq"_s,
-    u"wbnq ajouterBtn"_s,
-    u"wbnq Command1"_s,
-    u"wsal"_s,
-    u"wsal cmdajt"_s,
-    u"wsal cmdmodif"_s,
-    u"wImpFichSal"_s,
-    u"wImpTabNat"_s,
-    u"wImpDas"_s,
-    u"wdas"_s,
-    u"wdas cmdmod"_s,
-    u"wdas cmddetail"_s,
-    u"wdas cmddetail cmdajt"_s,
-    u"wdas cmddetail cmdajt cmdins"_s,
-    u"wdas cmddetail cmdmod"_s,
-    u"wTransfLgDas"_s,
-    u"wTraitDecNom"_s,
-    u"wTraitDecNom cmdmod"_s,
-    u"wTraitDecNom cmddetail"_s,
-    u"wTraitDecNom cmddetail cmdajt"_s,
-    u"wTraitDecNom cmddetail cmdajt cmdins"_s,
-    u"wTraitDecNom cmddetail cmdmod"_s,
-    u"wTransLgDac"_s,
-    u"wTraitCi"_s,
-    u"wTraitCi cmdmod"_s,
-    u"wTraitCi cmddetail"_s,
-    u"wTraitCi cmddetail cmdajt"_s,
-    u"wTraitCi cmddetail cmdmod"_s,
-    u"wvalidate"_s,
-    u"wValidListNom"_s,
-    u"wValideDac"_s,
-    u"wGen"_s,
-};
+/// The ways to all windows: a menu entry, then the buttons that lead to it.
+const QStringList chemins =
+    u"wannee|wPeriode|wImp|wImp ajouterBtn|wImp Command1|wbnq|wbnq ajouterBtn|wbnq Command1|"
+    "wsal|wsal cmdajt|wsal cmdmodif|wImpFichSal|wImpTabNat|wImpDas|wdas|wdas cmdmod|"
+    "wdas cmddetail|wdas cmddetail cmdajt|wdas cmddetail cmdajt cmdins|wdas cmddetail cmdmod|"
+    "wTransfLgDas|wTraitDecNom|wTraitDecNom cmdmod|wTraitDecNom cmddetail|"
+    "wTraitDecNom cmddetail cmdajt|wTraitDecNom cmddetail cmdajt cmdins|"
+    "wTraitDecNom cmddetail cmdmod|wTransLgDac|wTraitCi|wTraitCi cmdmod|wTraitCi cmddetail|"
+    "wTraitCi cmddetail cmdajt|wTraitCi cmddetail cmdmod|wvalidate|wValidListNom|wValideDac|"
+    "wGen"_s.split(u'|');
 
 /// The fields of one line that hold words; every other one is a number's.
 const QSet<QString> champsDeTexte{
@@ -85,8 +55,7 @@ const QSet<QString> champsDeTexte{
     u"NomMere"_s,     u"PrenomMere"_s,   u"profesedit"_s,     u"villeEdit"_s,
     u"TxtEmail"_s,    u"Rais_SocEdit"_s, u"AdresseEdit"_s,    u"mailEdit"_s,
     u"AbreviatBnq"_s, u"LibelleBnq"_s,   u"cherchedit"_s,     u"qt_spinbox_lineedit"_s,
-    u"txtAgBnq"_s,
-};
+    u"txtAgBnq"_s};
 
 } // namespace
 
