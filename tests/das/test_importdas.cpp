@@ -111,6 +111,17 @@ class TestImportDas : public QObject
     }
     static void refuser(const QByteArray &fichier, const QString &refus) { importer(fichier, refus, {}); }
 
+    /// A file of the employer 87654321 that comes in whole.
+    static void prendre(BaseDas &donnees, const QByteArray &fichier)
+    {
+        DialogueScenario dialogue;
+        dialogue.attendreFichier(donnees.fichier(u"das.txt"_s, fichier));
+        dialogue.attendreInformation(u"Importation du fichier DAS effectuée avec succès!"_s);
+        dialogue.attendreInformation(
+            u"Veuillez complèter les informations de cet employeur SVP  :  87654321"_s);
+        QVERIFY(importerDas(donnees.base, dialogue, sansArret));
+    }
+
 private slots:
     void initTestCase() { arreterHorloge({2026, 3, 1}); }
 
@@ -203,12 +214,7 @@ private slots:
               Cas(marque1 + entete() + ligne(), nom + u"|||"_s, u"M|01/09/2022|S"_s),
               Cas(debut + vide, u"882345678911|1||||1988-03-04|||||||||N||N|M||||"_s, u"||E"_s)}) {
             BaseDas donnees;
-            DialogueScenario dialogue;
-            dialogue.attendreFichier(donnees.fichier(u"das.txt"_s, fichier));
-            dialogue.attendreInformation(u"Importation du fichier DAS effectuée avec succès!"_s);
-            dialogue.attendreInformation(
-                u"Veuillez complèter les informations de cet employeur SVP  :  87654321"_s);
-            QVERIFY(importerDas(donnees.base, dialogue, sansArret));
+            prendre(donnees, fichier);
             QCOMPARE(donnees.lignes(u"SELECT * FROM salarie"_s), QStringList{salarie + reste});
             QCOMPARE(donnees.lignes(u"SELECT * FROM ligne_das"_s),
                      QStringList{u"882345678911|1|2023|87654321|1|6000005000|12|"_s + mouvement});
@@ -217,6 +223,20 @@ private slots:
             QCOMPARE(donnees.lignes(u"SELECT * FROM employeur WHERE rowid > 1"_s),
                      QStringList{u"87654321||||"_s});
         }
+    }
+
+    /// Each text goes on to its last column.
+    void largeurs()
+    {
+        Textes derniers;
+        for (const int colonne : {42, 72, 123, 173, 223, 250, 270, 325, 408, 423})
+            derniers.append({colonne, "Z"});
+        BaseDas donnees;
+        prendre(donnees, debut + ligne(derniers));
+        QCOMPARE(donnees.lignes(u"SELECT length(nom), length(prenom), length(lieu_naiss), length(adresse), "
+                                "length(ville), length(num_cpt_ccp), length(num_cpt_banc), length(profes), "
+                                "length(Email), length(CinNumber) FROM salarie"_s),
+                 QStringList{u"30|30|40|50|50|20|20|25|40|15"_s});
     }
 
     void arret()
