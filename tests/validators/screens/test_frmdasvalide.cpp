@@ -151,7 +151,7 @@ private slots:
         choisir({});
         QTest::keyClick(champ(*m_ecran, u"CmdExtFichier"_s), Qt::Key_Return);
         QCOMPARE(modele.rowCount(), 0);
-        QCOMPARE(texte(u"LabEmpl"_s), QString());
+        QCOMPARE(texte(u"LabEmpl DetailListeErrRejet"_s), u"|"_s);
         QVERIFY(champ(*m_ecran, u"SSTab1"_s)->isEnabled());
 
         QVERIFY(QDir(m_dossier.path()).mkpath(u"dossier.txt"_s));
