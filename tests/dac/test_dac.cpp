@@ -21,22 +21,11 @@ void lireRegles(const QString &chemin)
     QFile table(chemin);
     if (!table.open(QIODevice::ReadOnly))
         qFatal("no table of rules");
-    QString cas;
-    QStringList attendus;
-    const auto deposer = [&] {
-        if (!cas.isEmpty())
-            QTest::newRow(qPrintable(cas)) << cas << attendus;
-    };
-    for (const QString &ligne : QString::fromUtf8(table.readAll()).split(u'\n')) {
-        if (ligne.startsWith(u"= ")) {
-            deposer();
-            cas = ligne.sliced(2);
-            attendus.clear();
-        } else if (!ligne.isEmpty() && !ligne.startsWith(u'#')) {
-            attendus += ligne;
-        }
+    for (const QString &bloc : QString::fromUtf8(table.readAll()).split(u"\n= "_s).sliced(1)) {
+        QStringList lignes = bloc.split(u'\n').filter(QRegularExpression(u"^[^#]"_s));
+        const QString cas = lignes.takeFirst();
+        QTest::newRow(qPrintable(cas)) << cas << lignes;
     }
-    deposer();
 }
 
 } // namespace
