@@ -1,10 +1,11 @@
 #include "declarations/entetes.h"
 #include "declarations/exportdeclaration.h"
 #include "declarations/lignes.h"
-#include "declarations/screens/ecranlignes.h"
+#include "tests/commun/dialoguescenario.h"
 #include "tests/employees/basesalaries.h"
-#include "tests/screens/banc.h"
 #include "tests/storage/foyer.h"
+
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +61,7 @@ FichierDeclaration fichierInvente(FichierDeclaration::Gestion gestion, const QSt
 
 /// Two employees with a line each under the declaration "ABCD"; the fields of the second one are all there is
 /// to replace.
-class Donnees : public BancSur<BaseSalaries>
+class Donnees : public BaseSalaries
 {
 public:
     Donnees()
@@ -92,6 +93,7 @@ public:
     Enregistrement entete() { return base.RsEnteteCi.courant(); }
 
     std::unique_ptr<LignesDeclaration> declaration;
+    DialogueScenario dialogue;
 };
 
 } // namespace
@@ -174,32 +176,7 @@ private slots:
         echouer(DesLeControle, u"Non."_s, true, false, true);
         echouer(Aucune, {}, false, false, true);
     }
-
-    /// The lines list of the declaration, from data alone.
-    void ecranDesLignes()
-    {
-        Donnees essai;
-        static const FormeLignes forme{
-            .nom = u"lignes"_s,
-            .titre = u"Lignes"_s,
-            .titreListe = u"Liste"_s,
-            .colonnes = {{u"N_SecSoc"_s, u"N°"_s}},
-            .bandeau =
-                [](const CleDeclaration &cle) {
-                    return BandeauLignes{cle.texte(u"N_Identifiant"), {}};
-                },
-            .avecComptes = false,
-            .ajouter = {},
-            .modifier = {},
-        };
-        EcranLignes ecran(essai.contexte, *essai.declaration, forme, nullptr);
-        QCOMPARE(textes(ecran, u"LabCampagne LabNom"_s), u"ABCD|Nom      :DUPONT"_s);
-        QVERIFY(champ(ecran, u"LabCCP"_s)->isHidden());
-        essai.dialogue.attendreConfirmation(u"Supprimer la ligne ?"_s, true, u"Ligne"_s);
-        cliquer(ecran, u"cmdsup"_s);
-        QCOMPARE(essai.declaration->liste().nombre(), 1);
-    }
 };
 
-QTEST_MAIN(TestDeclarations)
+QTEST_GUILESS_MAIN(TestDeclarations)
 #include "test_declarations.moc"

@@ -136,6 +136,7 @@ private slots:
             QVERIFY(!saisie.isVisible());
         });
         QCOMPARE(texte(lignes, u"LabCampagne"_s), u" Référence     :   123456780000000002"_s);
+        QVERIFY(champ(lignes, u"LabCCP"_s)->isHidden());
         QCOMPARE(m_banc->base.RsDetailCi.nombre(), 2);
         cliquer(*entetes, u"chkChemin"_s);
         const QString chemin = dossierExpor() + u"/123456780000000002_CI .txt"_s;
