@@ -183,6 +183,11 @@ private slots:
             QCOMPARE(fin.sortie, QByteArray());
             QVERIFY(fin.erreurs.contains("Usage : das-korvandel-valider"));
         }
+        QProcess outil;
+        outil.setStandardOutputFile(u"/dev/full"_s);
+        const Fin fin = lancer({fichier}, outil);
+        if (QFile::exists(u"/dev/full"_s))
+            QVERIFY2(fin.code == 2 && fin.erreurs == "La sortie n'a pas pu être écrite.\n", fin.erreurs);
     }
 
     // Every bad file gets its messages, which begin so, and the good one behind it is validated all the same.
