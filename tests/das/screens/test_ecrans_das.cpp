@@ -7,6 +7,7 @@
 #include "tests/screens/banc.h"
 
 #include <QCalendarWidget>
+#include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -114,7 +115,10 @@ private slots:
     {
         m_banc->ajouter(BaseDas::numero(1), 1, {{u"nom"_s, u"BENALI"}});
         m_banc->ajouter(BaseDas::numero(2), 1, {{u"nom"_s, u"D'ARC"}});
+        base().Cnx.inserer(u"annee"_s,
+                           {{u"annee"_s, 2020}, {u"compagne"_s, u"2019/2020"}}); // by another program
         const auto entetes = ouvrirEntetes();
+        QCOMPARE(champ<QComboBox>(*entetes, u"cmbannee"_s)->count(), 2);
         QCOMPARE(actifs(*entetes, u"cmdmod cmdDelete cmdsup cmddetail cmdexpor Cmdprint CmdPrintLn CmdCD"_s),
                  QString());
         for (const QString &liste : {u"cmbannee"_s, u"cmbemp"_s}) {
