@@ -43,13 +43,46 @@ constexpr int plusGrande = 100'000;
 
 std::map<int64_t, std::unique_ptr<BaseDas>> bases;
 
+/// That many nationals with a line each under a header of their own.
+void peuplerDas(BaseDas &essai, int lignes)
+{
+    essai.entete();
+    Transaction transaction(essai.base.Cnx);
+    const QString modele = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "_s;
+    // Ten digits of the year 88, the certificate 2345 and four more, then the key; beyond 10 000 employees
+    // the certificate tells them apart.
+    essai.base.Cnx.executer(
+        modele + u"INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, sf, date_naiss, "
+                 "lieu_naiss, adresse, ville, presume, etranger, num_cpt_ccp, profes, SEXE, "
+                 "Telephone, IdNat, NumActeNaiss, NIN, PrenomPere, NomMere, PrenomMere) "
+                 "SELECT printf('88%08d', i), 1, char(65 + i % 26) || 'NOM', 'PRENOM', 'M', '1988-03-04', "
+                 "'ALGER', '12 RUE DES ROSIERS', 'ALGER', 'N', 'N', '123456768', 'MAÇON', 'M', "
+                 "'0550112233', '004', printf('0%04d', i / 10000), printf('1098801230%04d0006', i / 10000), "
+                 "'PAUL', 'DURAND', 'MARIE' FROM n"_s,
+        {lignes});
+    // The key: 99 less the sum of the digits, those in odd places twice.
+    QString somme;
+    for (int place = 1; place <= 10; ++place) {
+        somme += (place > 1 ? u"+"_s : QString()) +
+                 u"%1 * substr(Num_Salarie, %2, 1)"_s.arg(place % 2 == 1 ? 2 : 1).arg(place);
+    }
+    essai.base.Cnx.executer(u"UPDATE salarie SET Num_Salarie = Num_Salarie || printf('%02d', 99 - ("_s +
+                            somme + u")) WHERE length(Num_Salarie) = 10"_s);
+    essai.base.Cnx.executer(
+        u"INSERT INTO ligne_das SELECT Num_Salarie, cpt_z, 2024, ?, 1, 6000000000 + 100 * rowid, 12, "
+        "'M', '01/07/2023', 'E' FROM salarie ORDER BY rowid"_s,
+        {BaseDas::employeur});
+    transaction.commit();
+    essai.accorder();
+}
+
 /// One declaration a size, made once. The file is written with full synchronisation, as the program does.
 BaseDas &declaration(int64_t lignes)
 {
     std::unique_ptr<BaseDas> &base = bases[lignes];
     if (!base) {
         base = std::make_unique<BaseDas>();
-        base->peuplerDas(static_cast<int>(lignes));
+        peuplerDas(*base, static_cast<int>(lignes));
         base->base.Cnx.executer(u"PRAGMA synchronous = FULL"_s);
     }
     return *base;

@@ -76,21 +76,6 @@ void BaseCi::accorder()
     base.RsEnteteCi.requery();
 }
 
-void BaseCi::peuplerCi(int lignes)
-{
-    entete();
-    Transaction transaction(base.Cnx);
-    base.Cnx.executer(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
-                      "INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, date_naiss, profes) "
-                      "SELECT printf('77%010d', i), 1, 'NOM' || i, 'PRENOM', '1977-03-04', 'MAÇON' FROM n"_s,
-                      {lignes});
-    base.Cnx.executer(u"INSERT INTO Detail_CI SELECT ?, Num_Salarie, cpt_z, '2020-09-01', '2024-01-05', "
-                      "'2024-01-12', 10, 1000000, 7500000 FROM salarie WHERE Num_Salarie LIKE '77%'"_s,
-                      {reference});
-    transaction.commit();
-    accorder();
-}
-
 FicheEnteteCi ficheEnteteCi()
 {
     return {.cmbemp = BaseCi::employeur,

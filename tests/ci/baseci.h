@@ -23,8 +23,6 @@ public:
     void ligne(QStringView numero = salarie, qint64 cpt_z = 1, const Champs &champs = {});
     /// Brings the sums on the headers and their declared figures to those of the lines.
     void accorder();
-    /// That many employees with a line each under a header of their own.
-    void peuplerCi(int lignes);
 };
 
 /// A header that is taken without a word.

@@ -18,6 +18,4 @@ public:
                int annee = 2024);
     /// Brings the sums on the current header and its declared figures to those of the lines.
     void accorder();
-    /// That many nationals with a line each under a header of their own.
-    void peuplerDas(int lignes);
 };
