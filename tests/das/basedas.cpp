@@ -52,3 +52,9 @@ void BaseDas::accorder()
     base.Cnx.executer(u"UPDATE entete_das SET sum_annuel = sum_calc, total_salarie = total_calc"_s);
     base.RsEnteteDas.requery();
 }
+
+QString questionMoyenne(const QString &moyenne, bool modification)
+{
+    return u"le salaire déclaré mensuel moyen est de : "_s + moyenne + (modification ? u"   "_s : u"  "_s) +
+           u"Da, Voulez vous valider ses données ?"_s;
+}

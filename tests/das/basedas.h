@@ -19,3 +19,6 @@ public:
     /// Brings the sums on the current header and its declared figures to those of the lines.
     void accorder();
 };
+
+/// What the two screens of a line ask before it is saved.
+QString questionMoyenne(const QString &moyenne, bool modification = false);

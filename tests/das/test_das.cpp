@@ -45,14 +45,6 @@ FicheLigneDas ficheLigne(const QString &numero, const QString &champs = u"600000
     return fiche;
 }
 
-void attendreMoyenne(DialogueScenario &dialogue, const QString &moyenne, bool modification, bool oui = true)
-{
-    dialogue.attendreQuestion(u"le salaire déclaré mensuel moyen est de : "_s + moyenne +
-                                  (modification ? u"   "_s : u"  "_s) +
-                                  u"Da, Voulez vous valider ses données ?"_s,
-                              oui);
-}
-
 /// What one of the two screens of a line says: the average of the question, then "refusal|control".
 struct Suite
 {
@@ -62,7 +54,7 @@ struct Suite
     void attendre(DialogueScenario &dialogue, bool modification) const
     {
         if (!moyenne.isEmpty())
-            attendreMoyenne(dialogue, moyenne, modification);
+            dialogue.attendreQuestion(questionMoyenne(moyenne, modification), true);
         if (!refus.isEmpty())
             dialogue.attendreAvertissement(refus.section(u'|', 0, 0));
         else
@@ -331,7 +323,7 @@ private slots:
             Suite{moyenne, {}}.attendre(essai.dialogue, false);
             return !essai.ajouterLigne(fiche) && essai.dialogue.acheve();
         };
-        attendreMoyenne(essai.dialogue, u"50 000.00"_s, false, false);
+        essai.dialogue.attendreQuestion(questionMoyenne(u"50 000.00"_s), false);
         QVERIFY(essai.ajouterLigne(ficheLigne(BaseDas::numero(2))));
         QVERIFY(ajouter(ficheLigne(BaseDas::numero(2)), u"50 000.00"_s));
         QCOMPARE(essai.lignes(sommes), QStringList{u"6000000000|1"_s});
@@ -383,14 +375,14 @@ private slots:
         essai.ligne(BaseDas::numero(2), 1, {{u"sal_annuel"_s, Currency::deTexte(u"922337203685477.5807")}});
         essai.declaration->montrerToutes();
         const QStringList avant = essai.lignes(lesLignes);
-        attendreMoyenne(essai.dialogue, u"50 000.00"_s, false);
+        essai.dialogue.attendreQuestion(questionMoyenne(u"50 000.00"_s), true);
         QVERIFY_THROWS_EXCEPTION(ErreurBase, essai.ajouterLigne(ficheLigne(BaseDas::numero(1))));
         QCOMPARE(essai.lignes(lesLignes), avant);
         QCOMPARE(essai.liste().nombre(), 1);
 
         // The header is gone: the change screen says nothing, the line stays as it was.
         essai.base.Cnx.executer(u"DELETE FROM entete_das"_s);
-        attendreMoyenne(essai.dialogue, u"50 000.00"_s, true);
+        essai.dialogue.attendreQuestion(questionMoyenne(u"50 000.00"_s, true), true);
         QVERIFY(essai.modifierLigne(ficheLigne({})) == Refus{});
         QCOMPARE(essai.lignes(lesLignes), avant);
         QVERIFY(!essai.base.Cnx.enTransaction());

@@ -16,16 +16,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString question(const QString &moyenne, const QString &blancs = u"  "_s)
-{
-    return u"le salaire déclaré mensuel moyen est de : "_s + moyenne + blancs +
-           u"Da, Voulez vous valider ses données ?"_s;
-}
-
-} // namespace
-
 /// The screens of the annual declaration as a clerk uses them, hands on the keys.
 class TestEcransDas : public QObject
 {
@@ -151,7 +141,7 @@ private slots:
                 QCOMPARE(focus(), u"mskdate"_s);
                 taper(u"01072023"_s);
                 champ<QRadioButton>(saisie, u"EOption"_s)->click();
-                dialogue().attendreQuestion(question(u"50 000.04"_s), true);
+                dialogue().attendreQuestion(questionMoyenne(u"50 000.04"_s), true);
                 dialogue().attendreInformation(u"Ligne DAS ajoutée avec succès !"_s);
                 QString numeroSousLaBoite;
                 dialogue().aChaqueBoite = [&] { numeroSousLaBoite = texte(saisie, u"num_saledit"_s); };
@@ -261,7 +251,7 @@ private slots:
             QVERIFY(!entree->isChecked());
             cliquer(fenetre, u"SOption"_s);
             champ<QLineEdit>(fenetre, u"sal_annueledit"_s)->setText(u"12"_s);
-            dialogue().attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+            dialogue().attendreQuestion(questionMoyenne(u"1.00"_s, true), true);
             dialogue().attendreInformation(u"Ligne DAS modifiée avec succès!"_s);
             cliquer(fenetre, u"cmdok"_s);
             QVERIFY(!fenetre.isVisible());
@@ -320,7 +310,7 @@ private slots:
                 } else if (ailleurs.startsWith(u"DELETE")) {
                     dialogue().attendreAvertissement(u"Aucun élément à modifier"_s);
                 } else {
-                    dialogue().attendreQuestion(question(u"1.00"_s, u"   "_s), true);
+                    dialogue().attendreQuestion(questionMoyenne(u"1.00"_s, true), true);
                 }
                 cliquer(fenetre, u"cmdok"_s);
                 QVERIFY(dialogue().acheve() && fenetre.isVisible());
