@@ -23,8 +23,7 @@ private slots:
             tous[i] = static_cast<char>(i);
         const QString texte = decoder(tous);
         QCOMPARE(encoder(texte), tous); // the five bytes without a character survive as well
-        QCOMPARE(texte[0x80], QChar(0x20AC));
-        QCOMPARE(texte[0x81], QChar(0x81));
+        QCOMPARE(texte.mid(0x80, 32), u"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ"_s);
         QCOMPARE(texte[0xE9], u'é');
         QCOMPARE(encoder(u"Œuvre \u4E2D"), QByteArray("\x8Cuvre ?"));
 
