@@ -287,7 +287,8 @@ private slots:
         };
         listes.ajouter(u"entrée 1", 3, u"801234000168", u"BENALI Karim", u"mots 1");
         listes.ajouter(u"entrée 2", 3, u"801234000168", u"BENALI Karim", u"mots 2");
-        listes.ajouter(u"entrée 3", 12, u"", u" Léa", u"mots 3");
+        listes.ajouter(u"entrée longue", 12, u"", u" Léa", u"mots 3");
+        QCOMPARE(listes.Entrees.plusLong(), u"entrée longue"_s);
         QCOMPARE(imprimee(),
                  u"\n\tTITRE\n\n"
                  "\n  Ligne N°: 3, \tN° SS: 801234000168, \tNom : BENALI Karim\n  Erreur : mots 1\n"
