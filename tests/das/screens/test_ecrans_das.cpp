@@ -183,6 +183,11 @@ private slots:
             taper(u"5\r"_s);
             QVERIFY(!fenetre.isVisible());
         });
+        dansLaFenetre(*entetes, u"cmdmod"_s, u"frm_mod_ent"_s, [](QWidget &fenetre) {
+            taper(u"6"_s);
+            cliquer(fenetre, u"cmdcancel"_s);
+            QVERIFY(!fenetre.isVisible());
+        });
         QCOMPARE(base().RsEnteteDas.montant(u"sum_annuel"), Currency::deEntier(5));
 
         dialogue().attendreConfirmation(u"Confirmez la suppression !"_s, true, u"Confirmation"_s);
