@@ -281,7 +281,7 @@ private slots:
         const QString banque = u"Banque"_s;
         const QString commune = u"Commune"_s;
         const QString wilaya = u"Wilaya"_s;
-        const QString incorrecte = u"incorrecte"_s;
+        const QString fautive = u"incorrecte"_s;
         lignesDuTest<CasFichier>(
             {{"absent", banque, {}, u"absent"_s},
              {"vide", banque, "", u"absent"_s},
@@ -292,13 +292,13 @@ private slots:
              {"end en minuscules", banque, lignes(2, "end\r\nEnd\r\n"), u"3 Une banque éœ'"_s},
              {"fins LF", banque, QByteArray(deux).replace("\r\n", "\n"), u"2 Un"_s},
              {"End seul", banque, "End\r\n", u"0"_s},
-             {"code répété", banque, change("101B"), incorrecte},
-             {"ligne vide", banque, change("\r\n102B"), incorrecte},
+             {"code répété", banque, change("101B"), fautive},
+             {"ligne vide", banque, change("\r\n102B"), fautive},
              {"commune, ligne vide", commune, "0101ADRAR\r\n\r\n   X\r\n0102TAMEST\r\nEnd\r\n", u"2 ADRAR"_s},
-             {"commune, code répété", commune, "0101ADRAR\r\n0101TAMEST\r\nEnd\r\n", incorrecte},
+             {"commune, code répété", commune, "0101ADRAR\r\n0101TAMEST\r\nEnd\r\n", fautive},
              {"commune, absent", commune, {}, u"absent"_s},
              {"wilaya, ligne blanche", wilaya, "   \r\n01ADRAR\r\nEnd\r\n", u"1 ADRAR"_s},
-             {"wilaya, code vide", wilaya, "01ADRAR\r\n  X\r\nEnd\r\n", incorrecte},
+             {"wilaya, code vide", wilaya, "01ADRAR\r\n  X\r\nEnd\r\n", fautive},
              {"wilaya, absent", wilaya, {}, u"absent"_s}});
     }
 
