@@ -22,25 +22,47 @@ void ListeRequete::ouvrir(const QString &depuis, const Valeurs &valeurs, const Q
     requery();
 }
 
-void ListeRequete::requery()
+Requete ListeRequete::lire(const QList<QVariantList> &cles) const
 {
     QStringList expressions;
-    for (const ColonneRequete &colonne : std::as_const(m_colonnes))
+    for (const ColonneRequete &colonne : m_colonnes)
         expressions += colonne.expression;
     QString ordre = m_ordre;
-    for (const Tri &tri : std::as_const(m_tri)) {
+    for (const Tri &tri : m_tri) {
         const QString sens = tri.sens == Qt::AscendingOrder ? u" ASC"_s : u" DESC"_s;
         ordre = expressions[sectionDe(tri.colonne)] + sens + u", "_s + m_ordre;
     }
+    QStringList lignes;
+    Valeurs valeurs = m_valeurs;
+    for (const QVariantList &cle : cles) {
+        QStringList egalites;
+        for (int i = 0; i < m_cle; ++i) {
+            egalites += expressions[i] + u" = ?"_s;
+            valeurs += Valeur::brute(cle[i]);
+        }
+        lignes += egalites.join(u" AND ");
+    }
+    const QString parmi = lignes.isEmpty() ? QString() : u" AND (%1)"_s.arg(lignes.join(u" OR "));
+    return m_cnx.lire(u"SELECT %1 %2%3 ORDER BY %4"_s.arg(expressions.join(u", "), m_depuis, parmi, ordre),
+                      valeurs);
+}
 
-    std::vector<QVariantList> lignes;
-    Requete requete =
-        m_cnx.lire(u"SELECT %1 %2 ORDER BY %3"_s.arg(expressions.join(u", "), m_depuis, ordre), m_valeurs);
-    while (requete.suivante()) {
-        QVariantList &ligne = lignes.emplace_back();
+QVariantList ListeRequete::suivante(Requete &requete) const
+{
+    QVariantList ligne;
+    if (requete.suivante()) {
         for (int i = 0; i < m_colonnes.size(); ++i)
             ligne += requete.valeur(i);
     }
+    return ligne;
+}
+
+void ListeRequete::requery()
+{
+    std::vector<QVariantList> lignes;
+    Requete requete = lire();
+    for (QVariantList ligne = suivante(requete); !ligne.isEmpty(); ligne = suivante(requete))
+        lignes.push_back(ligne);
 
     const QVariantList courante = cleDe(m_courante);
     beginResetModel();
@@ -50,6 +72,26 @@ void ListeRequete::requery()
         trouvee = cleDe(i) == courante ? i : -1;
     m_courante = trouvee >= 0 ? trouvee : std::min(std::max(m_courante, 0), rowCount() - 1);
     endResetModel();
+    emit ligneCouranteChangee(m_courante);
+}
+
+void ListeRequete::ajouter(const QVariantList &cle)
+{
+    Requete requete = lire({cle});
+    const QVariantList nouvelle = suivante(requete);
+    if (nouvelle.isEmpty())
+        return;
+    // The database compares two rows at a time, by the very order of the list.
+    const auto place = std::lower_bound(m_lignes.begin(), m_lignes.end(), cle,
+                                        [this](const QVariantList &ligne, const QVariantList &autre) {
+                                            Requete deux = lire({ligne, autre});
+                                            return suivante(deux).first(m_cle) != autre;
+                                        });
+    const auto rang = static_cast<int>(place - m_lignes.begin());
+    beginInsertRows({}, rang, rang);
+    m_lignes.insert(place, nouvelle);
+    m_courante = rang;
+    endInsertRows();
     emit ligneCouranteChangee(m_courante);
 }
 

@@ -23,10 +23,13 @@ public:
     /// @param cle how many of the first columns tell the rows apart
     ListeRequete(Connexion &cnx, QList<ColonneRequete> colonnes, int cle, QObject *parent = nullptr);
 
-    /// Runs the query. @param depuis its part from FROM on, without an order
+    /// Runs the query. @param depuis its part from FROM on, with a condition and without an order
     /// @param ordre what stands behind ORDER BY, as long as the clerk asks for no other
     void ouvrir(const QString &depuis, const Valeurs &valeurs, const QString &ordre);
     void requery();
+    /// Reads one new row and puts it where the order wants it; it becomes the current one.
+    /// @param cle the values of its key
+    void ajouter(const QVariantList &cle);
 
     Enregistrement ligne(int ligne) const;
 
@@ -43,6 +46,9 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
 private:
+    /// The query for these rows alone, in its order.
+    Requete lire(const QList<QVariantList> &cles = {}) const;
+    QVariantList suivante(Requete &requete) const;
     QVariantList cleDe(int ligne) const;
 
     Connexion &m_cnx;

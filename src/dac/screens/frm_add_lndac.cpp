@@ -96,20 +96,15 @@ void frm_add_Lndac::ouvrirLignes()
                            {u"Periode"_s, u"Période"_s},
                            {u"Type_dac"_s, u"DAC"_s}},
                           m_contexte.dernierRecours);
-    retenirSalaries();
-}
-
-/// Who has a line, read from the list of the lines; that of the employee who was taken becomes current.
-void frm_add_Lndac::retenirSalaries()
-{
-    m_avecLigne.clear();
     for (int ligne = 0; ligne < m_faites.rowCount(); ++ligne) {
         const Enregistrement faite = m_faites.ligne(ligne);
-        const Salarie salarie{faite.texte(0), faite.entier(1)};
-        m_avecLigne.insert(salarie);
-        if (salarie == m_pris)
-            m_faites.allerA(ligne);
+        m_avecLigne.insert({faite.texte(0), faite.entier(1)});
     }
+    montrerNombre();
+}
+
+void frm_add_Lndac::montrerNombre()
+{
     m_ui->FrameLignes->setTitle(u"Lignes de la DAC : %1"_s.arg(m_faites.rowCount()));
 }
 
@@ -181,8 +176,9 @@ void frm_add_Lndac::enregistrer()
     if (refus && !refus->recommencer)
         return m_ui->champs->reprendre(refus->refus);
     if (!refus) {
-        m_faites.requery();
-        retenirSalaries();
+        m_faites.ajouter({m_pris->first, m_pris->second});
+        m_avecLigne.insert(*m_pris);
+        montrerNombre();
         allerAuSuivant();
     }
     recommencer();

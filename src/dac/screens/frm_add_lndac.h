@@ -35,7 +35,7 @@ private:
 
     void ouvrirSalaries();
     void ouvrirLignes();
-    void retenirSalaries();
+    void montrerNombre();
     bool aUneLigne(int ligne) const;
     void prendreCourant();
     void inserer();
@@ -47,7 +47,7 @@ private:
     LignesDeclaration &m_lignes;
     Recordset m_salaries;
     ListeRequete m_faites;
-    QSet<Salarie> m_avecLigne;
+    QSet<Salarie> m_avecLigne; ///< among the employees who are there
     std::optional<Salarie> m_pris;
     std::unique_ptr<Ui::frm_add_Lndac> m_ui;
     FrappeSalaries *m_frappe = nullptr;
