@@ -34,8 +34,8 @@ void dire(const QString &libelle, const QString &chemin)
 
 } // namespace
 
-/// The demonstration: a small employer's annual declaration and claim through the real windows, in a folder
-/// of its own.
+/// The demonstration: a small employer's declarations and claim through the real windows, in a folder of its
+/// own.
 int main(int argc, char **argv)
 {
     QTemporaryDir foyer(QDir::tempPath() + u"/das-korvandel-demo-XXXXXX"_s);
@@ -66,6 +66,7 @@ int main(int argc, char **argv)
 
     dire(u"Dossier :"_s, foyer.path());
     dire(u"Déclaration exportée :"_s, parcours.fichier);
+    dire(u"Nominative exportée :"_s, parcours.fichierDac);
     dire(u"Arrêt de chantier :"_s, parcours.fichierCi);
     dire(u"Réponse du validateur :"_s, rapport);
     dire(u"La même en JSON :"_s, json);

@@ -3,6 +3,7 @@
 #include "demo/commis.h"
 #include "demo/personnel.h"
 #include "demo/routeci.h"
+#include "demo/routedac.h"
 #include "rules/identite.h"
 #include "rules/nombre.h"
 #include "shell/programme.h"
@@ -100,6 +101,7 @@ public:
         salaries();
         declaration();
         validation();
+        m_parcours.fichierDac = declarerTrimestre(*this, Employeur, Campagne);
         m_parcours.fichierCi = declarerArret(*this, Employeur);
         ouvrirMenu({u"wFich"_s, u"wquit"_s});
     }

@@ -6,11 +6,13 @@
 
 class QWidget;
 
-/// What a walk along the roads of an annual declaration and of a claim left behind.
+/// What a walk along the roads of the declarations and of a claim left behind.
 struct Parcours
 {
-    /// The file of the annual declaration that the program exported, and that of the claim.
-    QString fichier;
+    // The files that the program exported
+
+    QString fichier; ///< of the annual declaration
+    QString fichierDac;
     QString fichierCi;
     /// The printed forms, each a PDF.
     QStringList formulaires;
@@ -24,6 +26,6 @@ using MontrerEcran = std::function<void(QWidget &ecran)>;
 /// Starts the program on an empty home folder and walks the whole road of one annual declaration as a clerk
 /// does, through its menu and its windows by keys and clicks: campaign, employer, nationalities, twelve
 /// employees, header, lines, printed forms, export, validation, comparison with the nominative declarations;
-/// then a claim for bad weather with its lines and its export. A warning, a failure or a control that is
-/// missing ends the process with a message.
+/// then a quarter of the nominative declaration and a claim for bad weather, each with its lines and its
+/// export. A warning, a failure or a control that is missing ends the process with a message.
 Parcours parcourirRoute(int argc, char **argv, const MontrerEcran &montrer = {});

@@ -29,6 +29,7 @@ private slots:
         QVERIFY(parcours.fichier.startsWith(foyer.chemin()));
         for (const auto &[ecrit, voulu] :
              {std::pair{parcours.fichier, QFINDTESTDATA("fichiers/20045017_DAS_2024.txt")},
+              std::pair{parcours.fichierDac, QFINDTESTDATA("fichiers/20045017_DAC_NOMINATIVE_2024T2.txt")},
               std::pair{parcours.fichierCi, QFINDTESTDATA("fichiers/200450170000000001_CI.txt")}}) {
             const QByteArray attendu = lireFichier(voulu);
             QVERIFY(!attendu.isEmpty());
@@ -45,6 +46,7 @@ private slots:
             u"DAS exportée avec succès vers "_s + QDir::toNativeSeparators(parcours.fichier),
             u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
             u"Montant DAS Annuelle Egal au Total DACs"_s,
+            u"DAC NOMINATIVE exportée avec succès vers "_s + QDir::toNativeSeparators(parcours.fichierDac),
             ligneCi,
             ligneCi,
             ligneCi,
@@ -54,7 +56,7 @@ private slots:
         QCOMPARE(ecrans,
                  u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
                  "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide "
-                 "FrmDasValide "
+                 "FrmDasValide frmPeriode frm_add_Lndac frm_add_Lndac frmlndac frmDecNom "
                  "FrmEntCi frm_add_LnCi frmlnCi"_s.split(u' '));
     }
 };

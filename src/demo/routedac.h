@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+class Commis;
+
+/// Walks the road of a quarter's nominative declaration, for those employees who are in it: its periods, its
+/// header, the bulk entry of its lines, its export into the fixed folder. @return the exported file
+QString declarerTrimestre(const Commis &commis, const QString &employeur, const QString &campagne);
