@@ -17,8 +17,14 @@ ChampsLigneDac::ChampsLigneDac(QWidget *parent)
                 {m_ui->TxtAssiette, m_ui->ChKDR},
                 {m_ui->CmbDT, m_ui->ChKNbh},
                 {m_ui->TxtNbJT, m_ui->ChkMth}};
-    for (const Champ &un : m_champs)
+    // What is frozen goes into the line: it must be read.
+    QPalette lisible = palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText})
+        lisible.setColor(QPalette::Disabled, role, QColor(0x58, 0x58, 0x58));
+    for (const Champ &un : m_champs) {
+        un.champ->setPalette(lisible);
         connect(un.gel, &QCheckBox::toggled, un.champ, &QWidget::setDisabled);
+    }
     ecrire({});
 }
 
