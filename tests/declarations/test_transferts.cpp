@@ -3,9 +3,10 @@
 #include "declarations/declaration.h"
 #include "declarations/entetes.h"
 #include "declarations/transfert.h"
-#include "tests/commun/cas.h"
 #include "tests/commun/dialoguescenario.h"
 #include "tests/employees/basesalaries.h"
+
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -17,53 +18,45 @@ class Donnees : public BaseSalaries
 public:
     explicit Donnees(bool dac)
         : transfert(dac ? transfertDac() : transfertDas()), genre(transfert.entetes.genre),
-          source(dac ? u"202401"_s : u"2023"_s), destination(dac ? u"2024T1"_s : u"2024"_s), m_dac(dac)
+          periodes(dac ? QStringList{{}, u"202401"_s, u"2024T1"_s} : QStringList{{}, u"2023"_s, u"2024"_s}),
+          m_dac(dac)
     {
         for (const auto &[salarie, type] : {std::pair{u"3"_s, 1}, {u"1"_s, 1}, {u"2"_s, 1}, {u"2"_s, 2}})
-            ligne(source, type, salarie);
+            base.Cnx.executer(
+                u"INSERT INTO %1 VALUES (%2)"_s.arg(table(), ligne(1, salarie, type, u"','"_s)));
+    }
+
+    QString table() const { return (base.*genre.lignes).table(); }
+
+    QString ligne(int periode, const QString &salarie, int type, const QString &entre = u"|"_s) const
+    {
+        const QString texte = m_dac ? u"%1|7|%2|%3|12345678|12345|22|J|2024-01-15|S"_s
+                                    : u"%1|7|%2|12345678|%3|12345|12|M|15/01/2023|S"_s;
+        const QString valeurs = texte.arg(salarie, periodes[periode]).arg(type).replace(u'|', entre);
+        return entre == u"|" ? valeurs : u'\'' + valeurs + u'\'';
     }
 
     void entete(int type)
     {
         (base.*genre.entetes)
             .ajouter({{genre.employeur, u"12345678"},
-                      {transfert.entetes.periode, destination},
+                      {transfert.entetes.periode, periodes[2]},
                       {transfert.entetes.type, type}});
     }
 
-    void ligne(const QString &periode, int type, const QString &salarie)
-    {
-        base.Cnx.executer(
-            u"INSERT INTO %1 VALUES (?, 1, ?, %2, 'S')"_s.arg(
-                (base.*genre.lignes).table(), m_dac ? u"?, '12345678', 12345, 22, 'J', '2024-01-15'"_s
-                                                    : u"'12345678', ?, 12345, 12, 'M', '15/01/2023'"_s),
-            {salarie, periode, type});
-    }
-
-    /// The copies: employee and number.
-    QStringList copies()
-    {
-        return lignes(m_dac ? u"SELECT NumSalarie, Type_dac FROM Ligne_Dac WHERE Periode = '2024T1' AND "
-                              "NumEmployeur = '12345678' AND (cpt_z, Assiette, NBJT, Type_Nbjt, Date_ES, "
-                              "Type_ES) = (1, 12345, 22, 'J', '2024-01-15', 'S') ORDER BY rowid"_s
-                            : u"SELECT num_salarie, type_das FROM ligne_das WHERE annee = 2024 AND num_emp = "
-                              "'12345678' AND (cpt_z, sal_annuel, nbj_travail, type_dure, date_es, "
-                              "type_date_es) = (1, 12345, 12, 'M', '15/01/2023', 'S') ORDER BY rowid"_s);
-    }
-
     /// Of the lines in the order of their employees.
-    bool transferer(const QString &vers)
+    bool transferer(int vers)
     {
-        Recordset montrees(base.Cnx, (base.*genre.lignes).table());
-        montrees.ouvrir(lignesATransferer(transfert, u"12345678"_s, source));
+        Recordset montrees(base.Cnx, table());
+        montrees.ouvrir(lignesATransferer(transfert, u"12345678"_s, periodes[1]));
         montrees.trier(genre.salarie);
-        return ::transferer(base, transfert, {u"12345678"_s, source, vers}, montrees, dialogue);
+        return ::transferer(base, transfert, {u"12345678"_s, periodes[1], periodes[vers]}, montrees,
+                            dialogue);
     }
 
     const TransfertLignes &transfert;
     const GenreDeclaration &genre;
-    QString source;
-    QString destination;
+    const QStringList periodes; ///< no choice, the source, the destination
     DialogueScenario dialogue;
 
 private:
@@ -77,61 +70,43 @@ class TestTransferts : public QObject
 {
     Q_OBJECT
 
-public:
-    struct Refus
-    {
-        const char *nom;
-        QString Donnees::*vers;
-        QList<int> entetes;
-        QString das, dac;
-        QString titre = {};
-    };
-
 private slots:
     /// Each meets the fault of the next one too.
-    void refus_data()
-    {
-        lignesDuTest<Refus>(
-            {{"sans choix",
-              nullptr,
-              {},
-              u"Veuillez selectionner l'année de déstination SVP"_s,
-              u"Veuillez selectionner la période de déstination SVP"_s},
-             {"la meme",
-              &Donnees::source,
-              {},
-              u"Transfert impossible, l'année source doit être différente de la destination"_s,
-              u"Transfert impossible, période source doit être différente de la destination"_s},
-             {"sans entete",
-              &Donnees::destination,
-              {},
-              u"Veuillez enregistrer l'entête DAS en premier, avant d'effectuer le transfert des écritures !"_s,
-              u"Veuillez enregistrer l'entête DAC en premier, avant d'effectuer le transfert des écritures !"_s},
-             {"complementaires",
-              &Donnees::destination,
-              {2, 3},
-              u"Erreur, Exportation données impossible, entête das de la campage  :  2024,   non principale !!"_s,
-              u"Erreur, Exportation données impossible, entête DAC  :  2024T1,   non principale !!"_s},
-             {"lignes",
-              &Donnees::destination,
-              {2, 1},
-              u" Existence de Lignes DAS  pour cette campagne, transfert non effectué !"_s,
-              u" Existence de Lignes DAC  pour cette periode, transfert non effectué !"_s,
-              u"Controle transfert"_s}});
-    }
-
     void refus()
     {
-        QFETCH(Refus, cas);
+        const QList<std::tuple<int, QList<int>, QString, QString>> tous{
+            {0,
+             {},
+             u"Veuillez selectionner l'année de déstination SVP"_s,
+             u"Veuillez selectionner la période de déstination SVP"_s},
+            {1,
+             {},
+             u"Transfert impossible, l'année source doit être différente de la destination"_s,
+             u"Transfert impossible, période source doit être différente de la destination"_s},
+            {2,
+             {},
+             u"Veuillez enregistrer l'entête DAS en premier, avant d'effectuer le transfert des écritures !"_s,
+             u"Veuillez enregistrer l'entête DAC en premier, avant d'effectuer le transfert des écritures !"_s},
+            {2,
+             {2, 3},
+             u"Erreur, Exportation données impossible, entête das de la campage  :  2024,   non principale !!"_s,
+             u"Erreur, Exportation données impossible, entête DAC  :  2024T1,   non principale !!"_s},
+            {2,
+             {1},
+             u" Existence de Lignes DAS  pour cette campagne, transfert non effectué !"_s,
+             u" Existence de Lignes DAC  pour cette periode, transfert non effectué !"_s}};
         for (const bool dac : {false, true}) {
             Donnees essai(dac);
-            for (const int type : cas.entetes)
-                essai.entete(type);
-            essai.ligne(essai.destination, 2, u"9"_s);
-            essai.dialogue.attendreAvertissement(
-                dac ? cas.dac : cas.das, cas.titre + (dac && !cas.titre.isEmpty() ? u" DAC"_s : QString()));
-            QVERIFY(!essai.transferer(cas.vers ? essai.*cas.vers : QString()));
-            QCOMPARE(essai.copies(), QStringList{u"9|2"_s});
+            essai.base.Cnx.executer(
+                u"INSERT INTO %1 VALUES (%2)"_s.arg(essai.table(), essai.ligne(2, u"9"_s, 2, u"','"_s)));
+            for (const auto &[vers, entetes, texteDas, texteDac] : tous) {
+                for (const int type : entetes)
+                    essai.entete(type);
+                const QString titre = dac ? u"Controle transfert DAC"_s : u"Controle transfert"_s;
+                essai.dialogue.attendreAvertissement(dac ? texteDac : texteDas,
+                                                     entetes == QList{1} ? titre : QString());
+                QVERIFY(!essai.transferer(vers));
+            }
         }
     }
 
@@ -144,29 +119,29 @@ private slots:
             essai.entete(2);
             essai.entete(1);
             Recordset &partagee = essai.base.*essai.genre.lignes;
-            partagee.filtrer(lignesATransferer(essai.transfert, u"12345678"_s, essai.destination));
+            const Condition copies = lignesATransferer(essai.transfert, u"12345678"_s, essai.periodes[2]);
+            partagee.filtrer(copies);
             essai.dialogue.aChaqueBoite = [&] { QCOMPARE(partagee.nombre(), 4); };
             if (dac) {
                 essai.dialogue.attendreInformation(
                     u"Transfert effectué avec succès, veuillez redemarrer l'application SVP"_s);
             }
             try {
-                QVERIFY(essai.transferer(essai.destination) && dac);
+                QVERIFY(essai.transferer(2) && dac);
             } catch (const ErreurBase &erreur) {
                 QVERIFY(!dac && erreur.texte().startsWith(u"Ligne 3, salarié 2 : ") &&
                         erreur.texte().endsWith(u"\nLes lignes précédentes ont été transférées."));
             }
-            QStringList copies{u"1|1"_s, u"2|1"_s};
+            QStringList attendues{essai.ligne(2, u"1"_s, 1), essai.ligne(2, u"2"_s, 1)};
             if (dac)
-                copies += {u"2|2"_s, u"3|1"_s};
-            QCOMPARE(essai.copies(), copies);
-            QCOMPARE(partagee.nombre(), copies.size());
+                attendues += {essai.ligne(2, u"2"_s, 2), essai.ligne(2, u"3"_s, 1)};
+            QCOMPARE(essai.lignes(u"SELECT * FROM %1 WHERE rowid > 4 ORDER BY rowid"_s.arg(essai.table())),
+                     attendues);
+            QCOMPARE(partagee.nombre(), attendues.size());
             QVERIFY(!essai.base.Cnx.enTransaction());
         }
     }
 };
-
-Q_DECLARE_METATYPE(TestTransferts::Refus)
 
 QTEST_GUILESS_MAIN(TestTransferts)
 #include "test_transferts.moc"
