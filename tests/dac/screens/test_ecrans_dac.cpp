@@ -89,7 +89,7 @@ private slots:
         const auto ecran = essai.ouvrir(new frmDecNom(essai.contexte));
         QCOMPARE(actifs(*ecran, u"cmdajt cmdmod cmdDelete cmddetail cmdexpor"_s), u"cmdajt"_s);
         champ(*ecran, u"CmbPeriode"_s)->setFocus();
-        taper(u"202401"_s);
+        touche(Qt::Key_End);
         champ(*ecran, u"cmbemp"_s)->setFocus();
         touche(Qt::Key_Down);
         QCOMPARE(texte(*ecran, u"lab_RS"_s), u"SARL L'Étoile"_s);
@@ -301,6 +301,9 @@ private slots:
         }
         cliquer(*ecran, u"CmdTerminer"_s);
         QVERIFY(!ecran->isVisible());
+        essai.base.Cnx.executer(u"DELETE FROM employeur"_s);
+        essai.dialogue.attendreAvertissement(u"table employeur vide !!!!, opération non autorisée "_s);
+        QVERIFY(!EcranTransfert::preparer<frmexpdac>(essai.contexte));
     }
 };
 
