@@ -7,13 +7,16 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-void ecrire(const QString &chemin, void (Rapport::*rapporter)(const Resultat &), const Resultat &resultat)
+void ecrire(const QString &chemin, void (Rapport::*rapporter)(const Resultat &),
+            const std::vector<Resultat> &resultats)
 {
     QFile fichier(chemin);
     if (!fichier.open(QIODevice::WriteOnly))
@@ -21,7 +24,8 @@ void ecrire(const QString &chemin, void (Rapport::*rapporter)(const Resultat &),
     Rapport rapport([&](std::string_view morceau) {
         fichier.write(morceau.data(), static_cast<qint64>(morceau.size()));
     });
-    (rapport.*rapporter)(resultat);
+    for (const Resultat &resultat : resultats)
+        (rapport.*rapporter)(resultat);
     if (!fichier.flush())
         qFatal("%s: %s", qPrintable(chemin), qPrintable(fichier.errorString()));
 }
@@ -58,11 +62,13 @@ int main(int argc, char **argv)
             qFatal("%s not written", qPrintable(nom));
     });
 
-    const Resultat resultat = validerFichier(parcours.fichier, Format::Inconnu);
+    std::vector<Resultat> resultats;
+    for (const QString &fichier : {parcours.fichier, parcours.fichierDac, parcours.fichierCi})
+        resultats.push_back(validerFichier(fichier, Format::Inconnu));
     const QString rapport = foyer.filePath(u"validation.txt"_s);
     const QString json = foyer.filePath(u"validation.json"_s);
-    ecrire(rapport, &Rapport::texte, resultat);
-    ecrire(json, &Rapport::json, resultat);
+    ecrire(rapport, &Rapport::texte, resultats);
+    ecrire(json, &Rapport::json, resultats);
 
     dire(u"Dossier :"_s, foyer.path());
     dire(u"Déclaration exportée :"_s, parcours.fichier);
@@ -73,8 +79,11 @@ int main(int argc, char **argv)
     for (const QString &formulaire : parcours.formulaires)
         dire(u"Formulaire :"_s, formulaire);
     dire(u"%1 écrans :"_s.arg(images), ecrans);
-    std::fputs(resultat.verdict == Verdict::Acceptee ? "La déclaration est acceptée.\n"
-                                                     : "La déclaration n'est pas acceptée.\n",
+    const bool acceptees = std::all_of(resultats.begin(), resultats.end(), [](const Resultat &resultat) {
+        return resultat.verdict == Verdict::Acceptee;
+    });
+    std::fputs(acceptees ? "Les déclarations sont acceptées.\n"
+                         : "Les déclarations ne sont pas toutes acceptées.\n",
                stdout);
-    return resultat.verdict == Verdict::Acceptee ? 0 : 1;
+    return acceptees ? 0 : 1;
 }

@@ -33,8 +33,8 @@ constexpr qint64 SalairesDUnTrimestre = 2'000'000;
 
 QString deuxDecimales(Currency montant) { return formatMasque(montant, u"########0.00"); }
 
-/// The hand that answers the boxes: OK or Oui to each, and to each file dialog the exported file, or the next
-/// printed form where one is to be saved.
+/// The hand that answers the boxes: OK or Oui to each, and to each file dialog the file exported last, or the
+/// next printed form where one is to be saved.
 class Repondeur : public QObject
 {
 public:
@@ -63,9 +63,10 @@ private:
 
     void choisir(QFileDialog &choix)
     {
+        const QString &exporte = m_parcours.fichierDac.isEmpty() ? m_parcours.fichier : m_parcours.fichierDac;
         const bool sauve = choix.acceptMode() == QFileDialog::AcceptSave;
         champ<QLineEdit>(choix, u"fileNameEdit"_s)
-            ->setText(sauve ? m_parcours.formulaires.constLast() : m_parcours.fichier);
+            ->setText(sauve ? m_parcours.formulaires.constLast() : exporte);
         const auto *boutons = champ<QDialogButtonBox>(choix, u"buttonBox"_s);
         repondre(choix, *boutons->button(sauve ? QDialogButtonBox::Save : QDialogButtonBox::Open));
     }
@@ -102,6 +103,7 @@ public:
         declaration();
         validation();
         m_parcours.fichierDac = declarerTrimestre(*this, Employeur, Campagne);
+        validerTrimestre(*this);
         m_parcours.fichierCi = declarerArret(*this, Employeur);
         ouvrirMenu({u"wFich"_s, u"wquit"_s});
     }

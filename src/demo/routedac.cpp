@@ -102,3 +102,11 @@ QString declarerTrimestre(const Commis &commis, const QString &employeur, const 
     cliquer(entetes, u"Command1"_s);
     return dossierExpor() + u'/' + employeur + u"_DAC_NOMINATIVE_"_s + campagne + Trimestre + u".txt"_s;
 }
+
+void validerTrimestre(const Commis &commis)
+{
+    QWidget &ecran = commis.ouvrir({u"woutil"_s, u"wValideDac"_s}, u"FrmDacValide"_s);
+    cliquer(ecran, u"CmdExtFichier"_s);
+    commis.montrer(ecran);
+    cliquer(ecran, u"cmdexit"_s);
+}

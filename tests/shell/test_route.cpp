@@ -47,6 +47,7 @@ private slots:
             u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s,
             u"Montant DAS Annuelle Egal au Total DACs"_s,
             u"DAC NOMINATIVE exportée avec succès vers "_s + QDir::toNativeSeparators(parcours.fichierDac),
+            u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 10"_s,
             ligneCi,
             ligneCi,
             ligneCi,
@@ -56,7 +57,7 @@ private slots:
         QCOMPARE(ecrans,
                  u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
                  "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide "
-                 "FrmDasValide frmPeriode frm_add_Lndac frm_add_Lndac frmlndac frmDecNom "
+                 "FrmDasValide frmPeriode frm_add_Lndac frm_add_Lndac frmlndac frmDecNom FrmDacValide "
                  "FrmEntCi frm_add_LnCi frmlnCi"_s.split(u' '));
     }
 };
