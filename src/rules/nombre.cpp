@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -328,10 +329,41 @@ qint64 lireEntier(QStringView texte)
     return static_cast<qint64>(arrondi);
 }
 
+/// What a text comes to in ten-thousandths that is a number of few digits, without a blank and with no more
+/// than four decimals: there is nothing to round, and no overflow. Nothing for any other text.
+static std::optional<qint64> dixMilliemesUsuels(QStringView texte)
+{
+    constexpr qsizetype chiffresMax = 14;
+    const bool negatif = texte.startsWith(u'-');
+    if (negatif)
+        texte = texte.sliced(1);
+    if (texte.isEmpty() || texte.size() > chiffresMax || !estChiffre(texte[0]))
+        return std::nullopt;
+    qint64 compte = 0;
+    int decimales = -1; // -1 before the separator
+    for (const QChar c : texte) {
+        if (estChiffre(c)) {
+            compte = compte * 10 + (c.unicode() - u'0');
+            decimales += decimales >= 0;
+        } else if ((c == SepDecimal || c == SepAutre) && decimales < 0) {
+            decimales = 0;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (decimales > 4)
+        return std::nullopt;
+    for (int i = std::max(decimales, 0); i < 4; ++i)
+        compte *= 10;
+    return negatif ? -compte : compte;
+}
+
 Currency Currency::deEntier(qint64 valeur) { return Currency(UniteCurrency) * valeur; }
 
 Currency Currency::deTexte(QStringView texte)
 {
+    if (const std::optional<qint64> usuel = dixMilliemesUsuels(texte))
+        return Currency(*usuel);
     const QString propre = sansBlancs(texte);
     if (!EstNumerique(propre))
         refuserNombre(texte);
