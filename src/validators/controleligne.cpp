@@ -53,9 +53,13 @@ void ControleLigne::oterBlancs(Champ champ)
 
 void ControleLigne::normaliserMontant(Champ champ)
 {
-    oterBlancs(champ);
     QChar *debut = caracteres(valeur(champ));
-    std::replace(debut, debut + valeur(champ).size(), QChar(SepAutre), QChar(SepDecimal));
+    QChar *place = debut;
+    for (const QChar c : valeur(champ)) {
+        if (c != u' ')
+            *place++ = c == SepAutre ? QChar(SepDecimal) : c;
+    }
+    valeur(champ) = valeur(champ).first(place - debut);
 }
 
 QString ControleLigne::prefixe(QStringView apresLigne) const
@@ -143,7 +147,9 @@ std::optional<QDate> ControleLigne::CtrlDate(Champ champ, QStringView motsVide, 
 
 bool ControleLigne::CtrlAge(double annee, int ageMinimal, QStringView motsJeune, QStringView motsVieux)
 {
-    const double naissance = Val(finDe(valeur(DateNaissance), 4));
+    int naissance = 0; // the four digits at the end: a day would have to be taken apart again
+    for (const QChar c : finDe(valeur(DateNaissance), 4))
+        naissance = naissance * 10 + (c.unicode() - u'0');
     const bool jeune = naissance > annee - ageMinimal;
     if (!jeune && naissance >= annee - fonds::AgeMaximal)
         return true;

@@ -90,7 +90,7 @@ protected:
     /// The day of the field. @param motsVide what the print says behind the label where the field is empty
     std::optional<QDate> CtrlDate(Champ champ, QStringView motsVide = u" est Vide",
                                   QStringView apresLigne = u"");
-    /// Whether somebody born on the day of this field may work in this year.
+    /// Whether somebody born on the day that this field holds may work in this year.
     bool CtrlAge(double annee, int ageMinimal, QStringView motsJeune = {}, QStringView motsVieux = {});
     /// A text of some length.
     void CtrlTexte(Champ champ, qsizetype longueurMinimale);

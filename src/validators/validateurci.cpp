@@ -154,6 +154,7 @@ bool ValidateurCi::entete(const QString &ligne)
     direFautesEntete();
 
     m_affiche = m_entete;
+    m_arret = dateDe(m_entete.dateArret);
     m_reprise = dateDe(m_entete.dateReprise);
     const QStringView annee = finDe(m_entete.dateArret, 4);
     m_annee = EstNumerique(annee) ? std::optional(lireNombre(annee)) : std::nullopt;
@@ -205,10 +206,9 @@ void ValidateurCi::afficherEntete()
 
 void ValidateurCi::ctrlDatesChantier()
 {
-    const std::optional<QDate> arret = dateDe(m_entete.dateArret);
-    if (!arret || !m_reprise) {
+    if (!m_arret || !m_reprise) {
         dire(u"Erreur Date arrêt ou de reprise du chantier incorrecte!"_s);
-    } else if (*arret >= *m_reprise) {
+    } else if (*m_arret >= *m_reprise) {
         dialogue().afficher(
             u"Date arrêt doit être antérieur à la date de reprise, veuillez la corriger SVP"_s,
             TitreRejet.toString());
@@ -259,10 +259,11 @@ void ValidateurCi::ligne(QByteArrayView octets)
     ctrlNaissance();
     ctrlVide(Profession);
     CtrlDate(DateEmbauche);
-    const std::optional<QDate> arret = CtrlDate(DateArret);
-    const std::optional<QDate> reprise = CtrlDate(DateReprise);
+    const std::optional<QDate> arret = ctrlJour(DateArret, m_entete.dateArret, m_arret);
+    const std::optional<QDate> reprise = ctrlJour(DateReprise, m_entete.dateReprise, m_reprise);
+    const double duree = Val(valeur(Duree));
     if (CtrlNumerique(Duree))
-        CtrlDureeEtSalaire(Val(valeur(Duree)), valeur(SalaireHoraire), u" non autorisé");
+        CtrlDureeEtSalaire(duree, valeur(SalaireHoraire), u" non autorisé");
     CtrlNumerique(SalaireHoraire);
     CtrlNumerique(SalaireIndemnise);
 
@@ -270,12 +271,19 @@ void ValidateurCi::ligne(QByteArrayView octets)
     if (jour(arret, valeur(DateArret)) > jourReprise) {
         signalerMots(Classe::RejetDur, u"Date arret ulterieur à la date de reprise pour ce salarié !!"_s);
     }
-    ctrlIndemnite();
+    ctrlIndemnite(duree);
     if (jourReprise > jour(m_reprise, m_entete.dateReprise)) {
         signalerMots(Classe::RejetDur, u"Date reprise de ce salarié non compatible avec celle du chantier"_s);
     }
 
     compter(SalaireIndemnise);
+}
+
+/// The day of the field, which as a rule is that of the site and need not be read again.
+std::optional<QDate> ValidateurCi::ctrlJour(Champ champ, QStringView texteChantier,
+                                            const std::optional<QDate> &jourChantier)
+{
+    return jourChantier && valeur(champ) == texteChantier ? jourChantier : CtrlDate(champ);
 }
 
 /// Neither sign nor blank; an empty number passes.
@@ -295,17 +303,19 @@ void ValidateurCi::ctrlVide(Champ champ)
 
 void ValidateurCi::ctrlNaissance()
 {
-    const QStringView date = valeur(DateNaissance);
-    if (moisImpossible(date)) {
+    const QStringView texte = valeur(DateNaissance);
+    if (EstDate(texte)) {
+        if (CtrlAge(m_annee ? *m_annee : lireNombre(finDe(m_entete.dateArret, 4)), 16))
+            ctrlDebutNumero();
+    } else if (moisImpossible(texte)) {
         // This prefix alone has single blanks: that is required.
-        const QString mots = label(DateNaissance) + u" = "_s + date + u" est Non Valide"_s;
+        const QString mots = label(DateNaissance) + u" = "_s + texte + u" est Non Valide"_s;
         signaler(Classe::RejetDur,
                  u"Ligne N°:"_s + QString::number(nbLignes + 1) + u" - N° SS: "_s + valeur(NumSalarie) +
                      u" - Nom : "_s + valeur(Nom) + u' ' + valeur(Prenom) + u"  -  "_s + mots,
                  mots);
-    } else if (CtrlDate(DateNaissance) &&
-               CtrlAge(m_annee ? *m_annee : lireNombre(finDe(m_entete.dateArret, 4)), 16)) {
-        ctrlDebutNumero();
+    } else {
+        CtrlDate(DateNaissance);
     }
 }
 
@@ -320,10 +330,10 @@ void ValidateurCi::ctrlDebutNumero()
                  u"Année Naissance = "_s + annee + u" est Différente du Début N° SS = "_s + debut);
 }
 
-void ValidateurCi::ctrlIndemnite()
+void ValidateurCi::ctrlIndemnite(double duree)
 {
     const Currency salaire = LireMontant(valeur(SalaireHoraire));
-    if (indemnite(Val(valeur(Duree)), salaire) != LireMontant(valeur(SalaireIndemnise)))
+    if (indemnite(duree, salaire) != LireMontant(valeur(SalaireIndemnise)))
         signalerMots(Classe::SansIncidence, u"Salaire horaire ou montant indemnise incorrecte !"_s);
 }
 

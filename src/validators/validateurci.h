@@ -47,13 +47,16 @@ private:
     void ctrlVide(Champ champ);
     void ctrlNaissance();
     void ctrlDebutNumero();
-    void ctrlIndemnite();
+    std::optional<QDate> ctrlJour(Champ champ, QStringView texteChantier,
+                                  const std::optional<QDate> &jourChantier);
+    void ctrlIndemnite(double duree);
 
     bool colonnesFixes() const { return rangMarque() == 0; }
 
     Entete m_entete;
     Entete m_affiche; ///< LabEmpl, LabRef and the like
-    // The day and the year of the header's dates; where they hold none, the rule fails that needs one.
+    // The days and the year of the header's dates; where they hold none, the rule fails that needs one.
+    std::optional<QDate> m_arret;
     std::optional<QDate> m_reprise;
     std::optional<double> m_annee;
 };
