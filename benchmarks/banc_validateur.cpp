@@ -1,5 +1,4 @@
-// Speed and memory of the validation of a DAS, beside what reading and cutting the same file take by
-// themselves.
+// Speed and memory of the validators, beside what reading and cutting the same file take by themselves.
 //
 //     banc_validateur DOSSIER [options of Google Benchmark]
 //
@@ -9,6 +8,8 @@
 #include "rules/lecteurlignes.h"
 #include "rules/texte.h"
 #include "validators/decoupeur.h"
+#include "validators/validateurci.h"
+#include "validators/validateurdac.h"
 #include "validators/validateurdas.h"
 
 #include <QFile>
@@ -88,6 +89,7 @@ void lireDecoder(benchmark::State &etat, const QString &chemin)
 }
 
 /// Every data line read, decoded and cut into its fields.
+template <int NombreColonnes>
 void lireDecouper(benchmark::State &etat, const QString &chemin)
 {
     mesurer(etat, [&] {
@@ -97,7 +99,7 @@ void lireDecouper(benchmark::State &etat, const QString &chemin)
         lecteur.lire();
         lecteur.lire();
         Decoupeur decoupeur;
-        std::array<QStringView, ValidateurDas::NombreColonnes> champs;
+        std::array<QStringView, NombreColonnes> champs;
         qint64 lignes = 0;
         for (; !lecteur.finie(); ++lignes) {
             decoupeur.decouper(lecteur.lire(), champs);
@@ -109,11 +111,12 @@ void lireDecouper(benchmark::State &etat, const QString &chemin)
 }
 
 /// The whole validation, as the batch validator does it.
+template <typename Format>
 void valider(benchmark::State &etat, const QString &chemin, Verdict attendu)
 {
     double erreurs = 0;
     mesurer(etat, [&] {
-        ValidateurDas validateur;
+        Format validateur;
         DialogueEnregistreur dialogue;
         if (validateur.extraire(chemin, dialogue) != attendu)
             etat.SkipWithError("unexpected verdict");
@@ -136,22 +139,40 @@ int main(int argc, char *argv[])
     ++argv;
     --argc;
 
-    const auto fichier = [&](QStringView jeu) {
-        return QString(dossier + u'/' + jeu + u"/12345678_DAS_2024.TXT"_s);
+    const auto fichier = [&](QStringView jeu, QStringView nom = u"12345678_DAS_2024") {
+        return QString(dossier + u'/' + jeu + u'/' + nom + u".TXT"_s);
     };
     const auto inscrire = [](const char *nom, auto passe) {
         benchmark::RegisterBenchmark(nom, passe)->Unit(benchmark::kMillisecond);
     };
+    const auto cas = [&]<typename Format>(const char *nom, const QString &chemin, Verdict attendu, Format *) {
+        inscrire(nom, [=](auto &etat) { valider<Format>(etat, chemin, attendu); });
+    };
+    constexpr ValidateurDas *das = nullptr;
+    constexpr ValidateurDac *dac = nullptr;
+    constexpr ValidateurCi *ci = nullptr;
     const QString propre = fichier(u"propre");
     inscrire("a_lire_decoder/1M", [=](auto &etat) { lireDecoder(etat, propre); });
-    inscrire("b_lire_decouper/1M", [=](auto &etat) { lireDecouper(etat, propre); });
-    inscrire("c_valider_propre/100k",
-             [=](auto &etat) { valider(etat, fichier(u"propre100k"), Verdict::Acceptee); });
-    inscrire("c_valider_propre/1M", [=](auto &etat) { valider(etat, propre, Verdict::Acceptee); });
-    inscrire("d_valider_fautes_1_sur_10/1M",
-             [=](auto &etat) { valider(etat, fichier(u"fautes10"), Verdict::Rejetee); });
-    inscrire("d_valider_fautes_partout/1M",
-             [=](auto &etat) { valider(etat, fichier(u"fautes1"), Verdict::Rejetee); });
+    inscrire("b_lire_decouper/1M",
+             [=](auto &etat) { lireDecouper<ValidateurDas::NombreColonnes>(etat, propre); });
+    cas("c_valider_propre/100k", fichier(u"propre100k"), Verdict::Acceptee, das);
+    cas("c_valider_propre/1M", propre, Verdict::Acceptee, das);
+    cas("d_valider_fautes_1_sur_10/1M", fichier(u"fautes10"), Verdict::Rejetee, das);
+    cas("d_valider_fautes_partout/1M", fichier(u"fautes1"), Verdict::Rejetee, das);
+
+    const QString propreDac = fichier(u"dac", u"12345678_DAC_NOMINATIVE_2024T1");
+    inscrire("e_lire_decouper_dac/1M",
+             [=](auto &etat) { lireDecouper<ValidateurDac::NombreColonnes>(etat, propreDac); });
+    cas("e_valider_dac_propre/1M", propreDac, Verdict::Acceptee, dac);
+    cas("e_valider_dac_fautes_1_sur_10/1M", fichier(u"dacfautes10", u"12345678_DAC_NOMINATIVE_2024T1"),
+        Verdict::Rejetee, dac);
+
+    const QString propreCi = fichier(u"ci", u"123456780000000001_CI");
+    inscrire("f_lire_decouper_ci/1M",
+             [=](auto &etat) { lireDecouper<ValidateurCi::NombreColonnes>(etat, propreCi); });
+    cas("f_valider_ci_propre/1M", propreCi, Verdict::Acceptee, ci);
+    cas("f_valider_ci_fautes_1_sur_10/1M", fichier(u"cifautes10", u"123456780000000001_CI"), Verdict::Rejetee,
+        ci);
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
