@@ -5,7 +5,6 @@
 #include "rules/lecteurlignes.h"
 #include "rules/texte.h"
 #include "validators/decoupeur.h"
-#include "validators/validateurdas.h"
 
 #include <QBuffer>
 #include <QList>
@@ -95,12 +94,40 @@ void eprouverCoupe(Decoupeur &decoupeur, const QByteArray &ligne)
                "a field is what stands between two \";\"");
 }
 
+void eprouverColonnes(const QByteArray &ligne)
+{
+    constexpr std::array largeurs{3, 0, 5, 1};
+    Decoupeur decoupeur(false);
+    std::array<QStringView, largeurs.size()> champs;
+    decoupeur.decouper(ligne, largeurs, champs);
+    const QString texte = decoder(ligne);
+    qsizetype debut = 0;
+    for (std::size_t i = 0; i < champs.size(); ++i) {
+        const qsizetype longueur = i + 1 < champs.size() ? largeurs[i] : texte.size();
+        exiger(champs[i] == Trim(QString(texte.mid(debut, longueur))),
+               "a field is what stands in its columns");
+        debut += longueur;
+    }
+}
+
 /// A file that is cut short after its size was asked.
 class Raccourci : public QBuffer
 {
 public:
     using QBuffer::QBuffer;
     qint64 size() const override { return QBuffer::size() + 1; }
+};
+
+/// What holds for the files of one format.
+struct Epreuve
+{
+    Format format;
+    QString nom;
+    QList<QByteArray> debuts; ///< good first lines
+    QStringView retour;       ///< how the box begins that says that the declaration will be returned
+    bool retourSansTotaux;    ///< it comes before the totals, which may fail
+    bool vide;                ///< a declaration without lines may be accepted
+    bool sansRejet;           ///< one with a reject may not
 };
 
 struct Extraction
@@ -110,12 +137,12 @@ struct Extraction
 };
 
 template <typename Source = QBuffer>
-Extraction extraire(Validateur &validateur, QByteArrayView octets)
+Extraction extraire(Validateur &validateur, const QString &nom, QByteArrayView octets)
 {
     QByteArray donnees = octets.toByteArray();
     Source source(&donnees);
     DialogueEnregistreur dialogue;
-    const Verdict verdict = validateur.extraire(source, u"12345678_das_2024.txt"_s, dialogue);
+    const Verdict verdict = validateur.extraire(source, nom, dialogue);
     return {verdict, dialogue.boites};
 }
 
@@ -135,7 +162,7 @@ void eprouverListes(const ListesErreurs &listes, qint64 nombre, qint64 derniere)
     }
 }
 
-void eprouverFin(const Validateur &validateur, const Extraction &fin)
+void eprouverFin(const Validateur &validateur, const Extraction &fin, const Epreuve &epreuve)
 {
     const auto texteCommence = [&](QStringView debut) {
         return std::any_of(fin.boites.begin(), fin.boites.end(),
@@ -143,39 +170,51 @@ void eprouverFin(const Validateur &validateur, const Extraction &fin)
     };
     const bool resume = texteCommence(u"Extraction Terminée avec Nombre Erreurs : ");
     const bool anomalie = texteCommence(u"Votre fichier présente des anomalies");
-    const bool retour = texteCommence(u"Votre Das Contient des Erreurs !!!");
-    exiger(retour == (fin.verdict == Verdict::Rejetee), "the box and the verdict agree");
+    const bool retour = texteCommence(epreuve.retour);
+    exiger(retour == (fin.verdict == Verdict::Rejetee) ||
+               (epreuve.retourSansTotaux && fin.verdict == Verdict::Interrompue),
+           "the box and the verdict agree");
     if (fin.verdict == Verdict::Interrompue) {
         exiger(!fin.boites.isEmpty(), "an interrupted run says why");
     } else {
         exiger(resume && !anomalie, "a run that came to its end has a summary and no failure");
         exiger(validateur.ongletsPermis(), "the end of a run turns the tabs on");
     }
-    if (fin.verdict == Verdict::Acceptee)
-        exiger(validateur.nbLignes > 0, "an accepted declaration has lines");
+    if (fin.verdict == Verdict::Acceptee) {
+        exiger(epreuve.vide || validateur.nbLignes > 0, "an accepted declaration has lines");
+        exiger(!epreuve.sansRejet || validateur.nbErrRejet == 0, "an accepted declaration has no reject");
+    }
     const qint64 derniere = validateur.nbLignes + (fin.verdict == Verdict::Interrompue ? 1 : 0);
     eprouverListes(validateur.rejets, validateur.nbErrRejet, derniere);
     eprouverListes(validateur.sansIncidence, validateur.nbErrOK, derniere);
 }
 
-void eprouverFichier(QByteArrayView octets)
+void eprouverFichier(QByteArrayView octets, const Epreuve &epreuve)
 {
-    ValidateurDas validateur;
-    const Extraction premiere = extraire(validateur, octets);
-    eprouverFin(validateur, premiere);
+    const std::unique_ptr<Validateur> neuf = nouveauValidateur(epreuve.format);
+    Validateur &validateur = *neuf;
+    const Extraction premiere = extraire(validateur, epreuve.nom, octets);
+    eprouverFin(validateur, premiere, epreuve);
     const qsizetype mots = validateur.rejets.E.taille();
     exiger(mots == validateur.rejets.taille() &&
                validateur.sansIncidence.E.taille() == validateur.sansIncidence.taille(),
            "the words stand beside the entries after a first extraction");
 
-    const Extraction seconde = extraire(validateur, octets);
-    eprouverFin(validateur, seconde);
+    const Extraction seconde = extraire(validateur, epreuve.nom, octets);
+    eprouverFin(validateur, seconde, epreuve);
     exiger(seconde.verdict == premiere.verdict && seconde.boites == premiere.boites,
            "the same file is judged alike twice");
     exiger(validateur.rejets.E.taille() == 2 * mots, "the words of the first extraction stay");
 
-    exiger(extraire<Raccourci>(validateur, octets).verdict == Verdict::Interrompue,
+    exiger(extraire<Raccourci>(validateur, epreuve.nom, octets).verdict == Verdict::Interrompue,
            "a file that shrank gets no verdict");
+}
+
+void eprouverFormat(QByteArrayView octets, const Epreuve &epreuve)
+{
+    eprouverFichier(octets, epreuve);
+    for (const QByteArray &debut : epreuve.debuts)
+        eprouverFichier(QByteArray(debut).append(octets), epreuve);
 }
 
 } // namespace
@@ -194,11 +233,48 @@ void eprouverDecoupe(QByteArrayView octets)
     for (const QByteArray &ligne : attendues) {
         eprouverCoupe<31>(decoupeur, ligne);
         eprouverCoupe<5>(decoupeur, ligne);
+        eprouverColonnes(ligne);
     }
 }
 
-void eprouverValidateur(QByteArrayView octets)
+void eprouverDas(QByteArrayView octets)
 {
-    eprouverFichier(octets);
-    eprouverFichier(QByteArray("DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1000;2;\r\n").append(octets));
+    static const Epreuve das{.format = Format::Das,
+                             .nom = u"12345678_das_2024.txt"_s,
+                             .debuts = {"DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1000;2;\r\n"},
+                             .retour = u"Votre Das Contient des Erreurs !!!",
+                             .retourSansTotaux = false,
+                             .vide = false,
+                             .sansRejet = false};
+    eprouverFormat(octets, das);
+}
+
+void eprouverDac(QByteArrayView octets)
+{
+    static const Epreuve dac{
+        .format = Format::Dac,
+        .nom = u"12345678_dac_nominative_2024t1.txt"_s,
+        .debuts = {"DAC NOMINATIVE KORVANDEL VER 1.0\r\n12345678;2024T1;1;1000;2;2;\r\n"},
+        .retour = u"Votre DAC Contient des Erreurs !!!",
+        .retourSansTotaux = false,
+        .vide = true,
+        .sansRejet = false};
+    eprouverFormat(octets, dac);
+}
+
+void eprouverCi(QByteArrayView octets)
+{
+    static const QByteArray marque = "DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER ";
+    static const Epreuve ci{
+        .format = Format::Ci,
+        .nom = u"123456780000000001_ci.txt"_s,
+        .debuts = {marque + "2.0\r\n123456780000000001;05/01/2024;12/01/2024;3000;2;780;366.3;11.25;40;"
+                            "00712345678901234561;AGENCE;0660112233;\r\n",
+                   marque + "1.0\r\n12345678000000000105/01/202412/01/20243000           2    780            "
+                            "366.30         11.25            00712345678901234561AGENCE\r\n"},
+        .retour = u"Votre Fichier de déclaration de la liste nominative vous sera retourné",
+        .retourSansTotaux = true,
+        .vide = true,
+        .sansRejet = true};
+    eprouverFormat(octets, ci);
 }

@@ -18,6 +18,8 @@ public:
 /// @throws EpreuveManquee
 void eprouverDecoupe(QByteArrayView octets);
 
-/// A DAS of these bytes, and one of two good lines with these bytes behind them, come to an end that fits
-/// what was listed and told. @throws EpreuveManquee
-void eprouverValidateur(QByteArrayView octets);
+/// A file of these bytes, and good first lines with these bytes behind them, come to an end that fits what
+/// was listed and told. @throws EpreuveManquee
+void eprouverDas(QByteArrayView octets);
+void eprouverDac(QByteArrayView octets);
+void eprouverCi(QByteArrayView octets);

@@ -22,11 +22,23 @@ private slots:
         QFETCH(QByteArray, octets);
         eprouver(eprouverDecoupe, octets);
     }
-    void validateur_data() { fichiers(u"validateur"_s); }
-    void validateur()
+    void das_data() { fichiers(u"das"_s); }
+    void das()
     {
         QFETCH(QByteArray, octets);
-        eprouver(eprouverValidateur, octets);
+        eprouver(eprouverDas, octets);
+    }
+    void dac_data() { fichiers(u"dac"_s); }
+    void dac()
+    {
+        QFETCH(QByteArray, octets);
+        eprouver(eprouverDac, octets);
+    }
+    void ci_data() { fichiers(u"ci"_s); }
+    void ci()
+    {
+        QFETCH(QByteArray, octets);
+        eprouver(eprouverCi, octets);
     }
 
     void finsDeLigne()

@@ -2,6 +2,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *octets, std::size_t taille)
 {
-    eprouverDecoupe({octets, static_cast<qsizetype>(taille)});
+    EPREUVE({octets, static_cast<qsizetype>(taille)});
     return 0;
 }

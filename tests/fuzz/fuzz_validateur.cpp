@@ -1,7 +1,0 @@
-#include "tests/fuzz/epreuves.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char *octets, std::size_t taille)
-{
-    eprouverValidateur({octets, static_cast<qsizetype>(taille)});
-    return 0;
-}
