@@ -125,9 +125,6 @@ struct Epreuve
     QString nom;
     QList<QByteArray> debuts; ///< good first lines
     QStringView retour;       ///< how the box begins that says that the declaration will be returned
-    bool retourSansTotaux;    ///< it comes before the totals, which may fail
-    bool vide;                ///< a declaration without lines may be accepted
-    bool sansRejet;           ///< one with a reject may not
 };
 
 struct Extraction
@@ -171,8 +168,9 @@ void eprouverFin(const Validateur &validateur, const Extraction &fin, const Epre
     const bool resume = texteCommence(u"Extraction Terminée avec Nombre Erreurs : ");
     const bool anomalie = texteCommence(u"Votre fichier présente des anomalies");
     const bool retour = texteCommence(epreuve.retour);
-    exiger(retour == (fin.verdict == Verdict::Rejetee) ||
-               (epreuve.retourSansTotaux && fin.verdict == Verdict::Interrompue),
+    // That of a claim comes before the totals, which may fail.
+    const bool ci = epreuve.format == Format::Ci;
+    exiger(retour == (fin.verdict == Verdict::Rejetee) || (ci && fin.verdict == Verdict::Interrompue),
            "the box and the verdict agree");
     if (fin.verdict == Verdict::Interrompue) {
         exiger(!fin.boites.isEmpty(), "an interrupted run says why");
@@ -181,8 +179,9 @@ void eprouverFin(const Validateur &validateur, const Extraction &fin, const Epre
         exiger(validateur.ongletsPermis(), "the end of a run turns the tabs on");
     }
     if (fin.verdict == Verdict::Acceptee) {
-        exiger(epreuve.vide || validateur.nbLignes > 0, "an accepted declaration has lines");
-        exiger(!epreuve.sansRejet || validateur.nbErrRejet == 0, "an accepted declaration has no reject");
+        exiger(epreuve.format != Format::Das || validateur.nbLignes > 0,
+               "an accepted annual declaration has lines");
+        exiger(!ci || validateur.nbErrRejet == 0, "an accepted claim has no reject");
     }
     const qint64 derniere = validateur.nbLignes + (fin.verdict == Verdict::Interrompue ? 1 : 0);
     eprouverListes(validateur.rejets, validateur.nbErrRejet, derniere);
@@ -239,26 +238,19 @@ void eprouverDecoupe(QByteArrayView octets)
 
 void eprouverDas(QByteArrayView octets)
 {
-    static const Epreuve das{.format = Format::Das,
-                             .nom = u"12345678_das_2024.txt"_s,
-                             .debuts = {"DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1000;2;\r\n"},
-                             .retour = u"Votre Das Contient des Erreurs !!!",
-                             .retourSansTotaux = false,
-                             .vide = false,
-                             .sansRejet = false};
+    static const Epreuve das{Format::Das,
+                             u"12345678_das_2024.txt"_s,
+                             {"DAS KORVANDEL VER 3.0\r\n12345678;2024;1;1000;2;\r\n"},
+                             u"Votre Das Contient des Erreurs !!!"};
     eprouverFormat(octets, das);
 }
 
 void eprouverDac(QByteArrayView octets)
 {
-    static const Epreuve dac{
-        .format = Format::Dac,
-        .nom = u"12345678_dac_nominative_2024t1.txt"_s,
-        .debuts = {"DAC NOMINATIVE KORVANDEL VER 1.0\r\n12345678;2024T1;1;1000;2;2;\r\n"},
-        .retour = u"Votre DAC Contient des Erreurs !!!",
-        .retourSansTotaux = false,
-        .vide = true,
-        .sansRejet = false};
+    static const Epreuve dac{Format::Dac,
+                             u"12345678_dac_nominative_2024t1.txt"_s,
+                             {"DAC NOMINATIVE KORVANDEL VER 1.0\r\n12345678;2024T1;1;1000;2;2;\r\n"},
+                             u"Votre DAC Contient des Erreurs !!!"};
     eprouverFormat(octets, dac);
 }
 
@@ -266,15 +258,12 @@ void eprouverCi(QByteArrayView octets)
 {
     static const QByteArray marque = "DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER ";
     static const Epreuve ci{
-        .format = Format::Ci,
-        .nom = u"123456780000000001_ci.txt"_s,
-        .debuts = {marque + "2.0\r\n123456780000000001;05/01/2024;12/01/2024;3000;2;780;366.3;11.25;40;"
-                            "00712345678901234561;AGENCE;0660112233;\r\n",
-                   marque + "1.0\r\n12345678000000000105/01/202412/01/20243000           2    780            "
-                            "366.30         11.25            00712345678901234561AGENCE\r\n"},
-        .retour = u"Votre Fichier de déclaration de la liste nominative vous sera retourné",
-        .retourSansTotaux = true,
-        .vide = true,
-        .sansRejet = true};
+        Format::Ci,
+        u"123456780000000001_ci.txt"_s,
+        {marque + "2.0\r\n123456780000000001;05/01/2024;12/01/2024;3000;2;780;366.3;11.25;40;"
+                  "00712345678901234561;AGENCE;0660112233;\r\n",
+         marque + "1.0\r\n12345678000000000105/01/202412/01/20243000           2    780            "
+                  "366.30         11.25            00712345678901234561AGENCE\r\n"},
+        u"Votre Fichier de déclaration de la liste nominative vous sera retourné"};
     eprouverFormat(octets, ci);
 }
