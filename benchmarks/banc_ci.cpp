@@ -18,31 +18,25 @@ namespace {
 
 std::unique_ptr<BancSur<BaseCi>> bancArret;
 
-/// That many employees with a line each under a header of their own.
-void peuplerCi(BaseCi &essai, int lignes)
-{
-    essai.entete();
-    Transaction transaction(essai.base.Cnx);
-    essai.base.Cnx.executer(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
-        "INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, date_naiss, profes) "
-        "SELECT printf('77%010d', i), 1, 'NOM' || i, 'PRENOM', '1977-03-04', 'MAÇON' FROM n"_s,
-        {lignes});
-    essai.base.Cnx.executer(
-        u"INSERT INTO Detail_CI SELECT ?, Num_Salarie, cpt_z, '2020-09-01', '2024-01-05', "
-        "'2024-01-12', 10, 1000000, 7500000 FROM salarie WHERE Num_Salarie LIKE '77%'"_s,
-        {BaseCi::reference});
-    transaction.commit();
-    essai.accorder();
-}
-
 /// A claim, made once, on the bench of its windows.
 BancSur<BaseCi> &arret(int64_t lignes)
 {
     if (!bancArret) {
         bancArret = std::make_unique<BancSur<BaseCi>>();
-        peuplerCi(*bancArret, static_cast<int>(lignes));
-        bancArret->base.Cnx.executer(u"PRAGMA synchronous = FULL"_s);
+        Connexion &cnx = bancArret->base.Cnx;
+        Transaction transaction(cnx);
+        cnx.executer(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                     "INSERT INTO salarie (Num_Salarie, cpt_z, nom, prenom, date_naiss, profes) "
+                     "SELECT printf('77%010d', i), 1, 'NOM' || i, 'PRENOM', '1977-03-04', 'MAÇON' FROM n"_s,
+                     {lignes});
+        cnx.executer(u"INSERT INTO Detail_CI SELECT ?, Num_Salarie, cpt_z, '2020-09-01', '2024-01-05', "
+                     "'2024-01-12', 10, 1000000, 7500000 FROM salarie WHERE Num_Salarie LIKE '77%'"_s,
+                     {BaseCi::reference});
+        transaction.commit();
+        bancArret->entete(
+            u"Montant_Indemnise = 75000000000, Effect_Mis_arret = 10000, sum_calc = 75000000000, "
+            "total_calc = 10000"_s);
+        cnx.executer(u"PRAGMA synchronous = FULL"_s);
     }
     return *bancArret;
 }
@@ -73,7 +67,8 @@ void enregistrerLigneArret(benchmark::State &etat)
         if (modifierLigneCi(lignes, lignes.liste().courant(), fiche, muet))
             etat.SkipWithError("refused");
     }
-    essai.accorder();
+    essai.base.Cnx.executer(u"UPDATE Entete_CI SET Montant_Indemnise = sum_calc"_s);
+    essai.base.RsEnteteCi.requery();
 }
 
 void exporterArret(benchmark::State &etat)

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString nomPropose = u"123456780000000001_CI.txt"_s;
-const QString abandon = u"Abandon de la génération du fichier"_s;
-const QString succes = u"Fichier Liste Nominative exportée avec succès vers "_s;
 
 QString fige() { return dossierExpor() + u"/123456780000000001_CI .txt"_s; }
 
@@ -29,50 +27,19 @@ class TestExportCi : public QObject
 private slots:
     void refus()
     {
-        const QString compte = u"NCompteBnq"_s, agence = u"LibAgBnq"_s, telephone = u"Telephone"_s;
-        const QString sansCompte = u" Veuillez saisir le numéro de compte bancaire SVP !"_s;
-        const QString mauvais = u" Numèro de compte bancaire incorrecte  SVP !"_s;
-        const QString vide = u"libellé agence bancaire vide SVP !"_s;
-        const QString joindre =
-            u"Veuillez saisir votre numéro de telephone au niveau du masque affiliation employeur SVP !"_s;
-        const QString sommes =
-            u"La somme des montants brut déclarés ou le nombre d'employé saisis dans l'en-tête ne "
-            u"correspondent "
-            "pas aux sommes calculées sur les lignes de cette déclaration CI.\nVerifiez vos lignes CI   SVP  "
-            "!!!!"_s;
-        const Valeur rien;
-        const struct
-        {
-            Champs champs;
-            QString refus;
-        } cas[] = {
-            {{{compte, rien}, {agence, rien}}, sansCompte},
-            {{{compte, u""}, {telephone, rien}}, sansCompte},
-            {{{compte, u"00100123012345678939"}, {agence, rien}}, mauvais},
-            {{{compte, u"abc"}}, mauvais},
-            {{{agence, rien}, {telephone, rien}}, u"libellé agence bancaire non saisi SVP !"_s},
-            {{{agence, u"  "}, {telephone, rien}}, vide},
-            {{{telephone, rien}}, joindre},
-            {{{telephone, u""}}, joindre},
-            {{{u"Montant_Indemnise"_s, Currency::deTexte(u"750.0001")}}, sommes},
-            {{{u"Effect_Mis_arret"_s, 2}}, sommes},
-            {{{u"sum_calc"_s, rien}}, sommes},
-        };
         BaseCi essai;
-        essai.entete();
-        essai.ligne();
-        for (const auto &[champs, refus] : cas) {
-            essai.accorder();
-            Transaction transaction(essai.base.Cnx);
-            essai.base.RsEnteteCi.modifier(essai.base.RsEnteteCi.courant(), champs);
-            DialogueScenario dialogue;
-            dialogue.attendreAvertissement(
-                refus, refus == sommes ? u" Intérruption de génération du Bordereau de paiement"_s : abandon);
+        DialogueScenario dialogue;
+        for (const QStringList &cas : table(QFINDTESTDATA("exports.txt"))) {
+            essai.base.Cnx.executer(u"DELETE FROM Entete_CI"_s);
+            essai.entete(cas[0]);
+            dialogue.attendreAvertissement(QString(cas[1]).replace(u"\\n"_s, u"\n"_s), cas[2]);
             QVERIFY(!exporterCi(essai.base, true, dialogue));
         }
-        DialogueScenario dialogue;
+        essai.base.Cnx.executer(u"DELETE FROM Entete_CI"_s);
+        essai.entete();
         dialogue.attendreDestination(nomPropose, {});
-        dialogue.attendreAvertissement(u"Nom de fichier incorrect"_s, abandon);
+        dialogue.attendreAvertissement(u"Nom de fichier incorrect"_s,
+                                       u"Abandon de la génération du fichier"_s);
         QVERIFY(!exporterCi(essai.base, false, dialogue));
     }
 
@@ -81,39 +48,33 @@ private slots:
         const Foyer foyer;
         QVERIFY(QDir().mkpath(dossierExpor()));
         BaseCi essai;
-        essai.entete({{u"ChargeCi"_s, Currency::deTexte(u"0.0001")}, {u"LibAgBnq"_s, u"  L'AGENCE; n° €Ł"}});
-        essai.ajouter(u"000000000000"_s, 3,
+        essai.entete(u"ChargeCi = 1, LibAgBnq = '  L''AGENCE; n° €Ł'"_s);
+        essai.ajouter(BaseCi::sansNumero, 3,
                       {{u"nom"_s, u" ÉTÉ "}, {u"prenom"_s, {}}, {u"date_naiss"_s, {}}, {u"profes"_s, {}}});
-        // Entered in this order, which is not that of the numbers; the last one is of nobody.
-        essai.ligne(BaseCi::autreSalarie, 1, {{u"Mt_Indemnise"_s, Currency::deTexte(u"2591.64")}});
-        essai.ligne(BaseCi::salarie, 1,
-                    {{u"Salaire_Horaire"_s, Currency::deTexte(u"103.1501")}, {u"Nb_Heure"_s, 2147483647}});
-        essai.ligne(u"000000000000", 3,
-                    {{u"Date_embauche"_s, {}},
-                     {u"date_arret"_s, {}},
-                     {u"Date_reprise"_s, {}},
-                     {u"Nb_Heure"_s, {}},
-                     {u"Salaire_Horaire"_s, {}},
-                     {u"Mt_Indemnise"_s, {}}});
-        essai.ligne(u"000000000000", 9);
-        essai.ligne(BaseCi::salarie, 1, {{u"N_Identif"_s, u"another claim"}});
-        essai.accorder();
+        // Entered in this order, which is not that of the numbers; the fourth one is of nobody.
+        essai.ligne(BaseCi::autreSalarie, 1, u"Mt_Indemnise = 25916400"_s);
+        essai.ligne(BaseCi::salarie, 1, u"Salaire_Horaire = 1031501, Nb_Heure = 2147483647"_s);
+        essai.ligne(BaseCi::sansNumero, 3,
+                    u"Date_embauche = NULL, date_arret = NULL, Date_reprise = NULL, Nb_Heure = NULL, "
+                    "Salaire_Horaire = NULL, Mt_Indemnise = NULL"_s);
+        essai.ligne(BaseCi::sansNumero, 9);
+        essai.ligne(BaseCi::salarie, 2, u"N_Identif = 'another claim'"_s);
         const QByteArray attendu = encoder(
             u"DECLARATION CHOMAGE INTEMPERIE KORVANDEL VER 2.0\r\n"
-            "123456780000000001;05/01/2024;12/01/2024;4091,64;4;390;183,15;0,0001;40;00100123012345678938;"
+            "123456780000000001;05/01/2024;12/01/2024;1500;2;390;183,15;0,0001;40;00100123012345678938;"
             "L'AGENCE; n° €?;0660112233;\r\n"
             "882345000253;D'ARC;JEAN;04/03/1988;MAÇON;01/09/2020;05/01/2024;12/01/2024;10;100;2591,64;\r\n"
             "882345000154;BENALI;JEAN;04/03/1988;MAÇON;01/09/2020;05/01/2024;12/01/2024;2147483647;103,1501;"
             "750;\r\n"
             "000000000000;ÉTÉ;;;;;;;;;;\r\n");
-        for (const bool auDossierFixe : {true, false}) {
-            const QString chemin = auDossierFixe ? fige() : foyer.chemin() + u"/ailleurs.txt"_s;
+        DialogueScenario dialogue;
+        for (const QString &chemin : {fige(), QString(foyer.chemin() + u"/ailleurs.txt"_s)}) {
             ecrireFichier(chemin, QByteArray(10'000, 'x')); // replaced, not overwritten in part
-            DialogueScenario dialogue;
-            if (!auDossierFixe)
+            if (chemin != fige())
                 dialogue.attendreDestination(nomPropose, chemin);
-            dialogue.attendreInformation(succes + QDir::toNativeSeparators(chemin));
-            QVERIFY(exporterCi(essai.base, auDossierFixe, dialogue));
+            dialogue.attendreInformation(u"Fichier Liste Nominative exportée avec succès vers "_s +
+                                         QDir::toNativeSeparators(chemin));
+            QVERIFY(exporterCi(essai.base, chemin == fige(), dialogue));
             QCOMPARE(lireFichier(chemin), attendu);
         }
         QCOMPARE(essai.base.RsDetailCi.nombre(), 4);
@@ -125,20 +86,17 @@ private slots:
         const Foyer foyer;
         QVERIFY(QDir().mkpath(dossierExpor()));
         BaseCi essai;
-        essai.entete({{u"HTS"_s, {}}});
+        essai.entete();
         essai.ligne();
-        essai.ligne(BaseCi::autreSalarie);
         essai.base.Cnx.executer(u"PRAGMA ignore_check_constraints = ON"_s);
-        essai.base.Cnx.executer(u"UPDATE Detail_CI SET Date_reprise = 'hier' WHERE N_SecSoc = ?"_s,
-                                {BaseCi::autreSalarie});
-        essai.accorder();
-        const QString choisi = foyer.chemin() + u"/choisi.txt"_s;
+        essai.ligne(BaseCi::autreSalarie, 1, u"Date_reprise = 'hier'"_s);
         DialogueScenario dialogue;
+        const QString choisi = foyer.chemin() + u"/choisi.txt"_s;
         dialogue.attendreDestination(nomPropose, choisi);
-        for (const bool auDossierFixe : {true, false}) {
-            const QString texte = echecDe([&] { exporterCi(essai.base, auDossierFixe, dialogue); });
+        for (const QString &chemin : {fige(), choisi}) {
+            const QString texte = echecDe([&] { exporterCi(essai.base, chemin == fige(), dialogue); });
             QVERIFY2(texte.contains(u"Date_reprise"), qPrintable(texte));
-            QCOMPARE(lireFichier(auDossierFixe ? fige() : choisi).count("\r\n"), 3);
+            QCOMPARE(lireFichier(chemin).count("\r\n"), 3);
         }
         essai.base.Cnx.executer(u"UPDATE Detail_CI SET Date_reprise = NULL"_s);
         dialogue.attendreDestination(nomPropose, u"/dev/full"_s);
