@@ -63,7 +63,11 @@ private:
 
     void choisir(QFileDialog &choix)
     {
-        const QString &exporte = m_parcours.fichierDac.isEmpty() ? m_parcours.fichier : m_parcours.fichierDac;
+        QString exporte = m_parcours.fichier;
+        for (const QString &plusTard : {m_parcours.fichierDac, m_parcours.fichierCi}) {
+            if (!plusTard.isEmpty())
+                exporte = plusTard;
+        }
         const bool sauve = choix.acceptMode() == QFileDialog::AcceptSave;
         champ<QLineEdit>(choix, u"fileNameEdit"_s)
             ->setText(sauve ? m_parcours.formulaires.constLast() : exporte);
@@ -104,7 +108,7 @@ public:
         validation();
         m_parcours.fichierDac = declarerTrimestre(*this, Employeur, Campagne);
         validerTrimestre(*this);
-        m_parcours.fichierCi = declarerArret(*this, Employeur);
+        declarerArret(*this, Employeur, m_parcours);
         ouvrirMenu({u"wFich"_s, u"wquit"_s});
     }
 

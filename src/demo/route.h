@@ -26,7 +26,6 @@ using MontrerEcran = std::function<void(QWidget &ecran)>;
 /// Starts the program on an empty home folder and walks the whole road of one annual declaration as a clerk
 /// does, through its menu and its windows by keys and clicks: campaign, employer, nationalities, twelve
 /// employees, header, lines, printed forms, export, validation, comparison with the nominative declarations;
-/// then a quarter of the nominative declaration and a claim for bad weather, each with its lines and its
-/// export, the former with its validation. A warning, a failure or a control that is missing ends the process
-/// with a message.
+/// then a quarter of the nominative declaration and a claim for bad weather, each with its lines, its export
+/// and its validation. A warning, a failure or a control that is missing ends the process with a message.
 Parcours parcourirRoute(int argc, char **argv, const MontrerEcran &montrer = {});

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Compte = u"00100123012345678938"_s;
+// The fund pays to postal accounts alone.
+const QString Compte = u"00700123012345678938"_s;
 
 /// A line of the claim.
 struct Arrete
@@ -65,7 +66,7 @@ void saisirEntete(const Commis &commis, QWidget &ecran, const QString &employeur
         taper(saisie);
         touche(Qt::Key_Return);
     }
-    taper(u"Agence du port"_s);
+    taper(u"Poste du port"_s);
     commis.montrer(ecran);
     touche(Qt::Key_Return);
 }
@@ -101,7 +102,7 @@ void saisirLigne(const Commis &commis, QWidget &saisie, const Arrete &arrete)
 
 } // namespace
 
-QString declarerArret(const Commis &commis, const QString &employeur)
+void declarerArret(const Commis &commis, const QString &employeur, Parcours &parcours)
 {
     QWidget &entetes = commis.ouvrir({u"wDecl"_s, u"wci"_s, u"wTraitCi"_s}, u"FrmEntCi"_s);
     saisirEntete(commis, entetes, employeur);
@@ -120,5 +121,10 @@ QString declarerArret(const Commis &commis, const QString &employeur)
     cliquer(entetes, u"chkChemin"_s);
     cliquer(entetes, u"cmdexpor"_s);
     cliquer(entetes, u"Command1"_s);
-    return dossierExpor() + u'/' + employeur + u"0000000001_CI .txt"_s;
+
+    parcours.fichierCi = dossierExpor() + u'/' + employeur + u"0000000001_CI .txt"_s;
+    QWidget &validation = commis.ouvrir({u"woutil"_s, u"wValidListNom"_s}, u"FrmFileCI"_s);
+    cliquer(validation, u"CmdExtFichier"_s);
+    commis.montrer(validation);
+    cliquer(validation, u"cmdexit"_s);
 }

@@ -52,13 +52,14 @@ private slots:
             ligneCi,
             ligneCi,
             u"Fichier Liste Nominative exportée avec succès vers "_s +
-                QDir::toNativeSeparators(parcours.fichierCi)};
+                QDir::toNativeSeparators(parcours.fichierCi),
+            u"Extraction Terminée avec Nombre Erreurs : \n  - De Rejet : 0\n  - Sans Incidence : 1"_s};
         QCOMPARE(parcours.boites.last(fin.size()), fin);
         QCOMPARE(ecrans,
                  u"frmannee add_emp Frm_imp FrmImpNat frm_add_sal frmsalarie frm_ins_num_sal frm_add_lndas "
                  "frmlndas DataReport1 DataReport3 DataReport2 frmentdas MDIForm FrmDasValide FrmDasValide "
                  "FrmDasValide frmPeriode frm_add_Lndac frm_add_Lndac frmlndac frmDecNom FrmDacValide "
-                 "FrmEntCi frm_add_LnCi frmlnCi"_s.split(u' '));
+                 "FrmEntCi frm_add_LnCi frmlnCi FrmFileCI"_s.split(u' '));
     }
 };
 
