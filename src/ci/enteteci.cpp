@@ -304,16 +304,7 @@ Currency chargeAttendue(const ChargeCi &charge, Currency montant)
 QString texteMontantCi(Currency montant)
 {
     const QString arrondi = formatMasque(montant, u"#,##0.00;(#,##0.00)");
-    return montantSaisiCi(arrondi) == montant ? arrondi : montant.texte();
-}
-
-std::optional<Currency> montantSaisiCi(const QString &texte)
-{
-    try {
-        return LireMontant(texte);
-    } catch (const ErreurConversion &) {
-        return {};
-    }
+    return montantDe(arrondi) == montant ? arrondi : montant.texte();
 }
 
 void quitterMontantCi(const QString &sumEdit, Dialogue &dialogue)

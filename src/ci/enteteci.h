@@ -76,8 +76,6 @@ Currency chargeAttendue(const ChargeCi &charge, Currency montant);
 
 /// An amount as the fields show it, all its decimals kept.
 QString texteMontantCi(Currency montant);
-/// The amount of a typed text; nothing for a text that is none, or one too big.
-std::optional<Currency> montantSaisiCi(const QString &texte);
 
 // What leaving a field tells; the focus may go all the same
 

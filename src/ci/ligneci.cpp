@@ -7,6 +7,8 @@
 #include "rules/selon.h"
 #include "rules/texte.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -55,12 +57,9 @@ public:
     /// What both screens write. The amount is the one shown.
     Champs champs() const
     {
-        return {{u"Date_embauche"_s, m_embauche},
-                {u"date_arret"_s, m_arret},
-                {u"Date_reprise"_s, m_reprise},
-                {u"Nb_Heure"_s, lireEntier(m_heures)},
-                {u"Salaire_Horaire"_s, LireMontant(m_salaire)},
-                {u"Mt_Indemnise"_s, m_montant}};
+        return {{u"Date_embauche"_s, m_embauche},  {u"date_arret"_s, m_arret},
+                {u"Date_reprise"_s, m_reprise},    {u"Nb_Heure"_s, m_nombre},
+                {u"Salaire_Horaire"_s, m_horaire}, {u"Mt_Indemnise"_s, m_montant}};
     }
 
 private:
@@ -125,11 +124,13 @@ private:
 
     Issue montant()
     {
+        m_nombre = lireEntier(m_heures);
+        m_horaire = LireMontant(m_salaire);
         m_montant = LireMontant(montantIndemnise(m_heures, m_salaire));
         if (m_montant <= Currency()) {
             return refuser(controlesLigneCi[u"TxtNbHeure"], u"Erreur, montant à indemniser incorrecte"_s);
         }
-        if (LireMontant(m_salaire) <= Currency()) {
+        if (m_horaire <= Currency()) {
             return refuser(controlesLigneCi[u"TxtMtHoraire"],
                            u"Veuillez saisir une valeur de salaire correcte SVP"_s);
         }
@@ -145,6 +146,8 @@ private:
     QDate m_embauche;
     QDate m_arret;
     QDate m_reprise;
+    qint64 m_nombre = 0; ///< of hours, as their column takes them
+    Currency m_horaire;
     Currency m_montant;
 };
 
@@ -203,12 +206,11 @@ QString heuresSaisies(QString TxtNbHeure) { return TxtNbHeure.replace(SepAutre, 
 
 QString montantIndemnise(const QString &TxtNbHeure, const QString &TxtMtHoraire)
 {
-    const QString salaire = sansBlancs(TxtMtHoraire);
-    if (!EstNumerique(salaire))
+    const double heures = Val(heuresSaisies(TxtNbHeure));
+    const std::optional<Currency> salaire = montantDe(TxtMtHoraire);
+    if (!salaire || !std::isfinite(heures))
         return {};
-    return formatProduit(
-        {texteNombre(Val(heuresSaisies(TxtNbHeure))), LireMontant(salaire).texte(), partIndemnisee},
-        u"## ### ### ###.00");
+    return formatProduit({texteNombre(heures), salaire->texte(), partIndemnisee}, u"## ### ### ###.00");
 }
 
 void quitterHeuresCi(const QString &TxtNbHeure, Dialogue &dialogue)

@@ -25,7 +25,7 @@ inline constexpr Controles controlesLigneCi{u"MskDateEmbauche", u"MskDateArret",
 QString heuresSaisies(QString TxtNbHeure);
 
 /// The amount of a line as it is shown, and stored: 75 % of the wage of the hours, to two decimals. Empty for
-/// a wage that is none.
+/// a wage that is none, and for numbers too big.
 QString montantIndemnise(const QString &TxtNbHeure, const QString &TxtMtHoraire);
 
 // What leaving a field tells; the focus may go all the same

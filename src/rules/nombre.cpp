@@ -443,6 +443,15 @@ Currency operator*(Currency a, qint64 facteur)
     return Currency(produit);
 }
 
+std::optional<Currency> montantDe(QStringView texte)
+{
+    try {
+        return LireMontant(texte);
+    } catch (const ErreurConversion &) {
+        return {};
+    }
+}
+
 QString texteNombre(double valeur) { return texteSimple(decimalDe(valeur), SepDecimal); }
 
 qsizetype decimales(double valeur)

@@ -5,6 +5,7 @@
 
 #include <compare>
 #include <initializer_list>
+#include <optional>
 
 /// The decimal separator in labels, messages and masks, and the other one. Readers take both.
 inline constexpr QLatin1Char SepDecimal('.');
@@ -65,6 +66,9 @@ private:
 
 /// A typed or read amount. @throws ErreurConversion for a text that is no number, never a silent 0
 inline Currency LireMontant(QStringView texte) { return Currency::deTexte(texte); }
+
+/// The amount of a text; nothing for one that is no number, or too big.
+std::optional<Currency> montantDe(QStringView texte);
 
 /// Plain text of a number: at most 15 significant digits, no exponent, no grouping, no superfluous zeros.
 QString texteNombre(double valeur);

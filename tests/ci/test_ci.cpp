@@ -176,14 +176,15 @@ private slots:
     void referenceChangee()
     {
         BaseCi essai;
-        essai.entete(u"N_Identifiant = '1234567801', Montant_Indemnise = 12345"_s);
+        essai.entete(u"N_Identifiant = '1234567801', Montant_Indemnise = 12345, Effect_Mis_arret = NULL"_s);
         essai.entete(u"N_Identifiant = '123456780000000003'"_s);
         essai.entete(u"HTS = 42, Telephone = NULL"_s);
         essai.ligne();
         essai.ligne(BaseCi::autreSalarie);
         FicheEnteteCi fiche = remplirFicheEnteteCi(essai.base.RsEnteteCi.courant());
         essai.base.RsEnteteCi.allerA(2);
-        QCOMPARE(fiche.MskReference + u'|' + fiche.sumEdit, u"1234567801________|1.2345"_s);
+        QCOMPARE((QStringList{fiche.MskReference, fiche.sumEdit, fiche.total_salEdit}),
+                 (QStringList{u"1234567801________"_s, u"1.2345"_s, u"0"_s}));
         const Enregistrement lue = essai.base.RsEnteteCi.courant();
         const QStringList avant = essai.lignes(lesEntetes) + essai.lignes(lesLignes);
         DialogueScenario dialogue;
@@ -239,12 +240,20 @@ private slots:
             ecrans.jouer(true, ficheLigneCi(BaseCi::salarie, 1, u"-8"_s, u"-100"_s),
                          {boites::avertissement(u"Veuillez saisir une valeur de salaire correcte SVP"_s)}),
             u"TxtMtHoraire"_s);
-        for (const auto &[heures, salaire, montant] : {std::tuple{u"33.5"_s, u"103,15"_s, u"2 591.64"_s},
-                                                       {u"12h30"_s, u"1 000"_s, u"9 000.00"_s},
-                                                       {u""_s, u"00000000.00"_s, u".00"_s},
-                                                       {u"8"_s, u"1,0.0"_s, u""_s}})
+        for (const auto &[heures, salaire, montant, tropGrand] :
+             {std::tuple{u"33.5"_s, u"103,15"_s, u"2 591.64"_s, false},
+              {u"12h30"_s, u"1 000"_s, u"9 000.00"_s, false},
+              {u""_s, u"00000000.00"_s, u".00"_s, false},
+              {u"8"_s, u"1,0.0"_s, u""_s, false},
+              {u"1"_s, QString(20, u'9'), u""_s, true},
+              {QString(400, u'9'), u"1"_s, u""_s, true},
+              {u"3000000000"_s, u"1"_s, u"2 250 000 000.00"_s, true}}) {
+            DialogueOui oui;
             QCOMPARE(montantIndemnise(heures, salaire), montant);
-        QVERIFY_THROWS_EXCEPTION(ErreurConversion, montantIndemnise(u"1"_s, QString(20, u'9')));
+            const FicheLigneCi fiche = ficheLigneCi(BaseCi::salarie, 1, heures, salaire);
+            if (tropGrand)
+                QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterLigneCi(lignes, fiche, {}, oui));
+        }
     }
 
     void salarieDeLaLigne()

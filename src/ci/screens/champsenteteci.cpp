@@ -33,7 +33,7 @@ void ChampsEnteteCi::relier(Forme forme, Contexte &contexte)
     relierListes(contexte);
     relierCharges(contexte);
     surSortie(*m_ui->sumEdit, contexte.dernierRecours, [this, &contexte] {
-        if (const auto montant = montantSaisiCi(m_ui->sumEdit->text()))
+        if (const auto montant = montantDe(m_ui->sumEdit->text()))
             m_ui->sumEdit->setText(texteMontantCi(*montant));
         quitterMontantCi(m_ui->sumEdit->text(), contexte.dialogue);
     });
@@ -91,7 +91,7 @@ void ChampsEnteteCi::relierCharges(Contexte &contexte)
 
 void ChampsEnteteCi::montrerAttendues()
 {
-    const std::optional<Currency> montant = montantSaisiCi(m_ui->sumEdit->text());
+    const std::optional<Currency> montant = montantDe(m_ui->sumEdit->text());
     for (const ChargeCi &charge : chargesCi) {
         champ(charge)->setToolTip(montant ? u"montant attendu : "_s +
                                                 texteMontantCi(chargeAttendue(charge, *montant)) + u" (F4)"_s
@@ -102,7 +102,7 @@ void ChampsEnteteCi::montrerAttendues()
 
 void ChampsEnteteCi::reprendreAttendue(const ChargeCi &charge)
 {
-    if (const auto montant = montantSaisiCi(m_ui->sumEdit->text()))
+    if (const auto montant = montantDe(m_ui->sumEdit->text()))
         champ(charge)->setText(texteMontantCi(chargeAttendue(charge, *montant)));
 }
 

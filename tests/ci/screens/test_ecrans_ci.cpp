@@ -85,7 +85,10 @@ private slots:
                      u"0000000000|  ||__/__/____|05/01/2024|12/01/2024||00000000.00|00000000.00"_s);
             taper(u"8823450001\r54\r01092020\r\r\r20,"_s);
             QCOMPARE(textes(saisie, u"Lab_nom TxtNbHeure"_s), u"BENALI|20."_s);
-            taper(u"\r1"_s);
+            taper(u"\rx"_s);
+            dialogue.attendreAvertissement(u"le montant saisi est incorrecte !"_s);
+            touche(Qt::Key_Tab);
+            saisir(saisie, u"TxtMtHoraire"_s, u"1"_s);
             QCOMPARE(texte(saisie, u"LblMontantIndemnise"_s), u"15.00"_s);
             dialogue.attendreInformation(u"Ligne Ci ajoutée avec succès !"_s);
             taper(u"00\r"_s);
@@ -96,6 +99,10 @@ private slots:
 
         // Under another reference the open list follows.
         Banc::activer(*entetes);
+        dansLaFenetre(*entetes, u"cmdmod"_s, u"frm_mod_entci"_s, [&](QWidget &saisie) {
+            cliquer(saisie, u"cmdcancel"_s);
+            QVERIFY(!saisie.isVisible());
+        });
         dansLaFenetre(*entetes, u"cmdmod"_s, u"frm_mod_entci"_s, [&](QWidget &saisie) {
             QCOMPARE(textes(saisie, u"Mskreference sumedit totaledit SS26 CmbHS"_s),
                      u"123456780000000001|1 500.00|2    |390.00|40"_s);
