@@ -283,7 +283,8 @@ private slots:
     void fermetures_data()
     {
         QTest::addColumn<QStringList>("mots");
-        for (const QString &ecran : {u"wdas sumedit 12x Command1"_s, u"wvalidate Txt07 -1 cmdexit"_s}) {
+        for (const QString &ecran : {u"wdas sumedit 12x Command1"_s, u"wTraitCi sumEdit 12x Command1"_s,
+                                     u"wvalidate Txt07 -1 cmdexit"_s}) {
             for (const QString &par : {u"bouton"_s, u"cadre"_s, u"systeme"_s, u"programme"_s, u"menu"_s})
                 QTest::newRow(qPrintable(ecran + u' ' + par)) << (ecran + u' ' + par).split(u' ');
         }
