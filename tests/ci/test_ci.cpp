@@ -235,23 +235,11 @@ private slots:
                                   "1000000|150375000"_s,
                                   u"150375000|1"_s}));
         }
-        // Both negative: the amount is good, the wage is not.
-        QCOMPARE(
-            ecrans.jouer(true, ficheLigneCi(BaseCi::salarie, 1, u"-8"_s, u"-100"_s),
-                         {boites::avertissement(u"Veuillez saisir une valeur de salaire correcte SVP"_s)}),
-            u"TxtMtHoraire"_s);
-        for (const auto &[heures, salaire, montant, tropGrand] :
-             {std::tuple{u"33.5"_s, u"103,15"_s, u"2 591.64"_s, false},
-              {u"12h30"_s, u"1 000"_s, u"9 000.00"_s, false},
-              {u""_s, u"00000000.00"_s, u".00"_s, false},
-              {u"8"_s, u"1,0.0"_s, u""_s, false},
-              {u"1"_s, QString(20, u'9'), u""_s, true},
-              {QString(400, u'9'), u"1"_s, u""_s, true},
-              {u"3000000000"_s, u"1"_s, u"2 250 000 000.00"_s, true}}) {
+        for (const QStringList &cas : table(QFINDTESTDATA("montants.txt"))) {
             DialogueOui oui;
-            QCOMPARE(montantIndemnise(heures, salaire), montant);
-            const FicheLigneCi fiche = ficheLigneCi(BaseCi::salarie, 1, heures, salaire);
-            if (tropGrand)
+            QCOMPARE(montantIndemnise(cas[0], cas[1]), cas[2]);
+            const F fiche = ficheLigneCi(BaseCi::salarie, 1, cas[0], cas[1]);
+            if (cas[3] == u"oui")
                 QVERIFY_THROWS_EXCEPTION(ErreurConversion, ajouterLigneCi(lignes, fiche, {}, oui));
         }
     }
@@ -316,8 +304,7 @@ private slots:
         // What was read is no more; the engine has no number for that.
         for (const QString &echec :
              {u"Cette ligne de la table « Detail_CI » a été modifiée ou supprimée depuis qu'elle a été lue. "
-              u"La "
-              "liste a été relue ; veuillez recommencer."_s,
+              "La liste a été relue ; veuillez recommencer."_s,
               u"L'en-tête de cette déclaration (123456780000000001) n'existe plus."_s}) {
             QVERIFY(modifier(boites::critique(
                 u"Error 0 (%1) in procedure cmdok_Click of Feuille frm_modif_lndas"_s.arg(echec))));
