@@ -19,6 +19,8 @@ private slots:
     {
         arreterHorloge(QDate(2024, 9, 15));
         Foyer foyer;
+        // The walk ticks entries of the menu, which the settings would keep for the next one.
+        qputenv("XDG_CONFIG_HOME", foyer.chemin().toLocal8Bit() + "/.config");
         QStringList ecrans;
         char nom[] = "das-korvandel";
         char *arguments[] = {nom, nullptr};
