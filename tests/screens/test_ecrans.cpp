@@ -168,13 +168,13 @@ private slots:
     void boites()
     {
         QFETCH(CasBoite, cas);
-        const auto &[nom, montrer, icone, boutons, touche, reponse] = cas;
+        const auto icone = std::get<QMessageBox::Icon>(cas);
         QMainWindow principale;
         principale.show();
         bool vue = false;
         quandOuvre<QMessageBox>([&](QMessageBox &boite) {
             vue = true;
-            const auto fermer = qScopeGuard([&] { QTest::keyClick(&boite, touche); });
+            const auto fermer = qScopeGuard([&] { QTest::keyClick(&boite, std::get<Qt::Key>(cas)); });
             QCOMPARE(boite.windowTitle(),
                      icone == QMessageBox::NoIcon ? u"Titre  propre !"_s : u"DAS KORVANDEL"_s);
             QCOMPARE(boite.text(), u"Nom <b>B&B</b> refusé  !\nSeconde ligne"_s);
@@ -186,10 +186,10 @@ private slots:
                 if (bouton != boite.defaultButton())
                     vus << bouton->text();
             }
-            QCOMPARE(vus.join(u'|'), boutons);
+            QCOMPARE(vus.join(u'|'), std::get<QString>(cas));
         });
         DialogueQt dialogue;
-        QCOMPARE(montrer(dialogue), reponse);
+        QCOMPARE(std::get<1>(cas)(dialogue), std::get<bool>(cas));
         QVERIFY(vue);
     }
 
