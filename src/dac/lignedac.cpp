@@ -2,6 +2,7 @@
 
 #include "declarations/declaration.h"
 #include "declarations/lignes.h"
+#include "declarations/salarieligne.h"
 #include "rules/calendrier.h"
 #include "rules/dialogue.h"
 #include "rules/erreurs.h"
@@ -239,6 +240,9 @@ std::optional<RefusLigneDac> ajouterLigneDac(LignesDeclaration &lignes, const Fi
         !dialogue.demander(u"Ce salarié existe dans une autre déclaration pour le même employeur et pour la "
                            "même période, voulez vous l'enregistrer dans cette DAC complémentaire ?"_s))
         return RefusLigneDac{};
+    // Another program may have made his line, or deleted him, since he was taken.
+    if (!ctrlSansLigne(lignes, fiche.Num_Salarie, fiche.cpt_z, dialogue))
+        return RefusLigneDac{.refus = {}, .recommencer = true};
     lignes.ajouter(Champs{{u"NumSalarie"_s, fiche.Num_Salarie}, {u"cpt_z"_s, fiche.cpt_z}} + champsDe(fiche));
     return {};
 }
@@ -276,8 +280,10 @@ FicheLigneDac remplirFicheLigneDac(const Enregistrement &ligne)
 
 bool ctrlSansLigne(const LignesDeclaration &lignes, const QString &numero, qint64 cpt_z, Dialogue &dialogue)
 {
-    if (!lignes.contient(numero, cpt_z))
+    const bool deja = lignes.contient(numero, cpt_z);
+    if (!deja && salarieExiste(lignes.base().Cnx, numero, cpt_z))
         return true;
-    dialogue.avertir(u"Vous avez déja créer une ligne pour ce salarié, ajout impossible !"_s);
+    dialogue.avertir(deja ? u"Vous avez déja créer une ligne pour ce salarié, ajout impossible !"_s
+                          : u"ce salarié n'existe pas! Nous vous invitons à le créer"_s);
     return false;
 }

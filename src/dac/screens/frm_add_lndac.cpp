@@ -96,11 +96,25 @@ void frm_add_Lndac::ouvrirLignes()
                            {u"Periode"_s, u"Période"_s},
                            {u"Type_dac"_s, u"DAC"_s}},
                           m_contexte.dernierRecours);
+    retenirFaites();
+}
+
+void frm_add_Lndac::retenirFaites()
+{
+    m_avecLigne.clear();
     for (int ligne = 0; ligne < m_faites.rowCount(); ++ligne) {
         const Enregistrement faite = m_faites.ligne(ligne);
         m_avecLigne.insert({faite.texte(0), faite.entier(1)});
     }
     montrerNombre();
+}
+
+/// Shows what another program has made of the employees and the lines.
+void frm_add_Lndac::relire()
+{
+    m_salaries.requery();
+    m_faites.requery();
+    retenirFaites();
 }
 
 void frm_add_Lndac::montrerNombre()
@@ -143,7 +157,7 @@ void frm_add_Lndac::prendre(const Salarie &salarie)
 {
     const auto &[numero, cpt_z] = salarie;
     if (!ctrlSansLigne(m_lignes, numero, cpt_z, m_contexte.dialogue))
-        return;
+        return relire();
     const SalarieMontre montre = salarieDe(m_contexte.base.Cnx, numero, cpt_z);
     m_ui->Lab_nom->setText(u"Nom : "_s + montre.nom);
     m_ui->lab_prenom->setText(u"Prénom : "_s + montre.prenom);
@@ -180,6 +194,8 @@ void frm_add_Lndac::enregistrer()
         m_avecLigne.insert(*m_pris);
         montrerNombre();
         allerAuSuivant();
+    } else {
+        relire();
     }
     recommencer();
 }

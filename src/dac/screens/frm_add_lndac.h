@@ -35,6 +35,8 @@ private:
 
     void ouvrirSalaries();
     void ouvrirLignes();
+    void retenirFaites();
+    void relire();
     void montrerNombre();
     bool aUneLigne(int ligne) const;
     void prendreCourant();

@@ -56,11 +56,23 @@ void frm_modif_lndac::valider()
     if (!m_ouverts)
         return permettre(true);
     FicheLigneDac fiche = m_ui->champs->lire();
-    const Champs ligne{{u"NumSalarie"_s, m_lue.texte(u"NumSalarie")}, {u"cpt_z"_s, m_lue.entier(u"cpt_z")}};
     fiche.Num_Salarie = m_lue.texte(u"NumSalarie");
     if (const auto refus = modifierLigneDac(m_lignes, m_lue, fiche, m_contexte.bornes, m_contexte.dialogue))
         return m_ui->champs->reprendre(refus->refus);
-    m_lue = m_lignes.liste().ligne(m_lignes.liste().chercher(ligne));
+    reprendreLigne();
+}
+
+/// Shows the line as it is now, its fields closed; one that another program has deleted closes the window.
+void frm_modif_lndac::reprendreLigne()
+{
+    const Recordset &liste = m_lignes.liste();
+    const int rang =
+        liste.chercher({{u"NumSalarie"_s, m_lue.texte(u"NumSalarie")}, {u"cpt_z"_s, m_lue.entier(u"cpt_z")}});
+    if (rang < 0 || liste.ligne(rang).estVide()) {
+        close();
+        return;
+    }
+    m_lue = liste.ligne(rang);
     remplir();
     permettre(false);
 }
@@ -68,10 +80,8 @@ void frm_modif_lndac::valider()
 /// Takes the line's values back, or closes when nothing is open.
 void frm_modif_lndac::renoncer()
 {
-    if (!m_ouverts) {
+    if (m_ouverts)
+        reprendreLigne();
+    else
         close();
-        return;
-    }
-    remplir();
-    permettre(false);
 }

@@ -29,6 +29,7 @@ private:
     void permettre(bool ouverts);
     void remplir();
     void valider();
+    void reprendreLigne();
     void renoncer();
 
     LignesDeclaration &m_lignes;

@@ -235,6 +235,21 @@ private slots:
         });
     }
 
+    /// Deleted by another program behind the taking.
+    void salarieDisparu()
+    {
+        Donnees essai(1);
+        const auto ecran = essai.entetes();
+        essai.dialogue.attendreAvertissement(u"ce salarié n'existe pas! Nous vous invitons à le créer"_s);
+        essai.dansLesLignes(*ecran, u"cmdajt"_s, [&](QWidget &saisie) {
+            entrer({{}, u"e"_s, u"01012020"_s, u"30000"_s, u"j"_s});
+            essai.base.Cnx.executer(u"DELETE FROM salarie"_s);
+            entrer({u"22"_s});
+            QVERIFY(champ(saisie, u"DataGrid1"_s)->isVisible());
+        });
+        QVERIFY(!essai.base.Cnx.existe(u"SELECT 1 FROM Ligne_Dac"_s));
+    }
+
     void modification()
     {
         Donnees essai(1);
@@ -269,6 +284,15 @@ private slots:
             demander(true); // the second change is one of the line as it stands now
             entrer({{}, {}, {}, u"21000"_s, {}, {}});
             QCOMPARE(essai.sommes(), u"21000|1|0"_s);
+            // Another program's change stays, and is what giving up shows.
+            essai.base.Cnx.executer(u"UPDATE Ligne_Dac SET Assiette = 220000000"_s);
+            demander(true);
+            essai.dialogue.attendreCritique(
+                u"Cette ligne de la table « Ligne_Dac » a été modifiée ou supprimée depuis qu'elle a "
+                "été lue. La liste a été relue ; veuillez recommencer."_s);
+            entrer({{}, {}, {}, u"23000"_s, {}, {}});
+            cliquer(fenetre, u"cmdanul"_s);
+            QCOMPARE(texte(fenetre, u"TxtAssiette"_s), u"22000"_s);
             cliquer(fenetre, u"cmdanul"_s);
             QVERIFY(!fenetre.isVisible());
         });
