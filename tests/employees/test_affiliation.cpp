@@ -304,12 +304,12 @@ class TestAffiliation : public QObject
         s.bon(u"banc=_0112345678901234561"_s, {}, avecCcp); // it reads as zero, so it counts as none
 
         const QString nettoye = u"Numéro ccp modifié en: "_s;
-        const QString ccpIncorrect = u"Numéro de compte CCP incorrect !\nVerifiez le numéro ccp!"_s;
-        const Attentes modifie{information(nettoye + u"123456768"_s)};
-        const Attentes court{information(nettoye + u"123"_s), avertissement(ccpIncorrect)};
-        s.bon(u"ccp=0012-3456 768"_s, {modifie, modifie}, avecCcp);
+        const QString refusDuCcp = u"Numéro de compte CCP incorrect !\nVerifiez le numéro ccp!"_s;
+        const Attentes corrige{information(nettoye + u"123456768"_s)};
+        const Attentes court{information(nettoye + u"123"_s), avertissement(refusDuCcp)};
+        s.bon(u"ccp=0012-3456 768"_s, {corrige, corrige}, avecCcp);
         s.cas(u"ccp=00123"_s, {court, court}, false, surCcp);
-        s.arret(u"ccp=neant"_s, ccpIncorrect, surCcp);
+        s.arret(u"ccp=neant"_s, refusDuCcp, surCcp);
         for (const QString &faux : {u"ccp=00000"_s, u"ccp=123456769"_s})
             s.arret(faux, u"Compte CCP Incorrecte, veuillez rectifiez SVP"_s, surCcp);
         s.bon(u"ccp=00712345678901234561"_s, {}, u"00712345678901234561|"_s + zeros);
